@@ -1,0 +1,9 @@
+#!/usr/bin/env bash
+# Runs every benchmark of a build folder; each prints its own figures and ratios.
+set -euo pipefail
+build=$1
+for exe in "$build"/bench/bench_*; do
+  [ -x "$exe" ] || continue
+  echo "== $(basename "$exe")"
+  "$exe"
+done

@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Runs every fuzz target of a build folder for the given number of seconds.
+set -euo pipefail
+build=$1; seconds=${2:-60}
+here=$(cd "$(dirname "$0")" && pwd)
+status=0
+for exe in "$build"/fuzz/fuzz_*; do
+  [ -x "$exe" ] || continue
+  name=$(basename "$exe"); name=${name#fuzz_}
+  work=$(mktemp -d)
+  seeds=()
+  [ -d "$here/corpus/$name" ] && seeds=("$here/corpus/$name")
+  echo "== fuzz $name for ${seconds}s"
+  dict=()
+  [ -f "$here/$name.dict" ] && dict=(-dict="$here/$name.dict")
+  if ! ASAN_OPTIONS=detect_leaks=1 "$exe" -max_total_time="$seconds" -print_final_stats=1 \
+       "${dict[@]}" "$work" "${seeds[@]}" 2>"$work.log"; then
+    tail -n 60 "$work.log"; status=1
+  else
+    grep -E '^stat::number_of_executed_units|^Done' "$work.log" || true
+  fi
+  rm -rf "$work" "$work.log"
+done
+exit $status

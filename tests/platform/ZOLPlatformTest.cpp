@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdio>
+
+#include "ZOLFile.h"
+#include "ZOLListValZOLUnicodeString.h"
+#include "ZOLTestReports.h"
+#include "ZOLUnicodeString.h"
+
+TEST(UnicodeString, ConvertToNumReadsLeadingIntegerAndIgnoresTheRest) {
+  int n = -1;
+  EXPECT_NE(ZOLUnicodeString("22,").ConvertToNum(&n, "%d"), 0);
+  EXPECT_EQ(n, 22);
+  EXPECT_NE(ZOLUnicodeString("  -7abc").ConvertToNum(&n, "%d"), 0);
+  EXPECT_EQ(n, -7);
+  n = 5;
+  EXPECT_EQ(ZOLUnicodeString("x1").ConvertToNum(&n, "%d"), 0);
+  EXPECT_EQ(ZOLUnicodeString("").ConvertToNum(&n, "%d"), 0);
+  EXPECT_EQ(ZOLUnicodeString("-").ConvertToNum(&n, "%d"), 0);
+  EXPECT_EQ(n, 5);
+}
+
+TEST(UnicodeString, RealsReadAndWriteWithPointWhateverTheLocale) {
+  const char* old = std::setlocale(LC_NUMERIC, nullptr);
+  std::string saved = old ? old : "C";
+  std::setlocale(LC_NUMERIC, "de_DE.UTF-8");  // may be missing; the test holds either way
+  double d = 0;
+  EXPECT_NE(ZOLUnicodeString("1.25mm").ConvertToNum(&d, "%le"), 0);
+  EXPECT_DOUBLE_EQ(d, 1.25);
+  EXPECT_NE(ZOLUnicodeString(" -3e2").ConvertToNum(&d, "%le"), 0);
+  EXPECT_DOUBLE_EQ(d, -300.0);
+  EXPECT_EQ(ZOLUnicodeString("mm").ConvertToNum(&d, "%le"), 0);
+  EXPECT_EQ(ZOLUnicodeString().BuildFromNum(0.35).str(), "0.35");
+  EXPECT_EQ(ZOLUnicodeString().BuildFromNum(1e-7).str(), "1e-07");
+  EXPECT_EQ(ZOLUnicodeString().BuildFromNum(2.5, "%.3f").str(), "2.500");
+  std::setlocale(LC_NUMERIC, saved.c_str());
+}
+
+TEST(UnicodeString, SearchReplaceSubStringAndStrip) {
+  ZOLUnicodeString s("a.b.c");
+  EXPECT_EQ(s.SearchSubString("."), 1);
+  EXPECT_EQ(s.SearchSubString(".", 2), 3);
+  EXPECT_EQ(s.SearchSubString("x"), -1);
+  EXPECT_EQ(s.SearchSubString(".", -1, ZOLUnicodeString::Backward), 3);
+  EXPECT_EQ(s.SubString(2, 3).str(), "b.c");
+  EXPECT_EQ(s.SubString(9, 1).str(), "");
+  EXPECT_EQ(s.ReplaceSubString(".", "::"), 2);
+  EXPECT_EQ(s.str(), "a::b::c");
+  ZOLUnicodeString t("  x y \n");
+  EXPECT_EQ(t.Strip().str(), "x y");
+}
+
+TEST(UnicodeString, WideRoundTrip) {
+  ZOLUnicodeString s;
+  s.BuildFromWChar(L"Ø 12 \u2300");
+  wchar_t* w = s.ConvertToWChar();
+  EXPECT_EQ(std::wstring(w), L"Ø 12 \u2300");
+  delete[] w;
+}
+
+TEST(ListVal, IndexesFromOneLocateAndRemoveDuplicates) {
+  ZOLListValZOLUnicodeString l;
+  l.Append("a"); l.Append("b"); l.Append("a");
+  EXPECT_EQ(l.Size(), 3);
+  EXPECT_EQ(l[1].str(), "a");
+  EXPECT_EQ(l.Locate("b"), 2);
+  EXPECT_EQ(l.Locate("z"), 0);
+  EXPECT_EQ(l.RemoveDuplicates(), 1);
+  EXPECT_EQ(l.Size(), 2);
+}
+
+TEST(AssertionReport, FormatsTheExactLineAndGoesToTheErrorLog) {
+  ZOLTestReports reports;
+  ZOLAssertReport("BOOL IS FALSE", "Codec initialized failed!", "ZOLAnnStandardXMLParser.cpp", 42);
+  ASSERT_EQ(reports.Count(), 1);
+  EXPECT_EQ(reports.Lines()[0],
+            ">> ASSERTION FAILED BOOL IS FALSE: Codec initialized failed! [File: ZOLAnnStandardXMLParser.cpp:  42].<<\n");
+}
+
+TEST(AssertionReport, CutsMessageAtFortyCharsAndMacroFillsFileAndLine) {
+  ZOLTestReports reports;
+  ZOLAssertMessage("0123456789012345678901234567890123456789TAIL");
+  int line = __LINE__ - 1;
+  ASSERT_EQ(reports.Count(), 1);
+  char expected[200];
+  std::snprintf(expected, sizeof expected,
+                ">> ASSERTION FAILED : 0123456789012345678901234567890123456789 [File: ZOLPlatformTest.cpp:%4d].<<\n", line);
+  EXPECT_EQ(reports.Lines()[0], expected);
+  ZOLAssertPointer("");
+  EXPECT_EQ(reports.CountContaining("ASSERTION FAILED ON POINTER : "), 1);
+}
+
+TEST(AssertionReport, DevelopmentModeAlsoPrintsAndGoesToAbendLog) {
+  ZOLTestReports reports;
+  bool abend = false;
+  auto previous = ZOLSysLogSetHook([&](bool isAbend, const char*) { abend = isAbend; });
+  ZOLSetDevelopmentStage(1);
+  testing::internal::CaptureStdout();
+  ZOLAssertBool("");
+  std::string out = testing::internal::GetCapturedStdout();
+  ZOLSetDevelopmentStage(0);
+  ZOLSysLogSetHook(std::move(previous));
+  EXPECT_TRUE(abend);
+  EXPECT_NE(out.find(">> ASSERTION FAILED BOOL IS FALSE: "), std::string::npos);
+}
+
+TEST(Files, AtomicWriteReplacesWholeAndFailsCleanlyInMissingDirectory) {
+  std::string path = testing::TempDir() + "zol_atomic.txt";
+  ASSERT_EQ(ZOLWriteFileAtomically(path.c_str(), "first"), S_OK);
+  ASSERT_EQ(ZOLWriteFileAtomically(path.c_str(), "second"), S_OK);
+  std::string back;
+  ASSERT_EQ(ZOLReadFile(path.c_str(), back), S_OK);
+  EXPECT_EQ(back, "second");
+  EXPECT_EQ(ZOLWriteFileAtomically("/nonexistent-dir/x.xml", "x"), E_FAIL);
+  EXPECT_EQ(ZOLReadFile("/nonexistent-dir/x.xml", back), E_FAIL);
+  std::remove(path.c_str());
+}
