@@ -1,5 +1,6 @@
 // Free functions of the standards library: locating, listing and obtaining standards.
 #pragma once
+#include "ZOLFormatOrientationsType.h"
 #include "ZOLListValZOLUnicodeString.h"
 #include "ZOLResult.h"
 #include "ZOLUnicodeString.h"
@@ -22,6 +23,11 @@ void ListStandards(ZOLListValZOLUnicodeString& names, unsigned char flag);
 void ListOOTBStandards(ZOLListValZOLUnicodeString& names);
 /// The parent standard ("ISO", "JIS", "ASME", "ANSI" or empty) and the version of a standard file.
 void GetStandardClassAndVersion(ZOLUnicodeString& path, ZOLUnicodeString& className, int& version);
+/// S_OK with the orientation of that exact name ("LandscapeByDefault", "PortraitByDefault",
+/// "PortraitOnly", "LandscapeOnly"); E_FAIL for any other name, value untouched.
+long GetEnumFromName(const ZOLUnicodeString& name, ZOLFormatOrientationsType& value);
+/// S_OK with the name of an orientation; E_FAIL for a value outside 0 to 3, name untouched.
+long GetNameFromEnum(ZOLFormatOrientationsType value, ZOLUnicodeString& name);
 
 // --- Standard objects by file, text and name; sheet format and path helpers ---
 
