@@ -1,6 +1,7 @@
 // A node of the editable standard tree: a name, ordered values, ordered sub-nodes.
 // Getters that return a pointer return a new reference, which the caller releases.
 #pragma once
+#include <string_view>
 #include <vector>
 
 #include "ZOLAnnStandardXMLValue.h"
@@ -66,15 +67,30 @@ public:
   /// Number of enumerated values below this node whose text the enumerations do not define.
   int Check(ZOLAnnStandardXMLNode* enumRoot, ZOLUnicodeString path);
 
+  /// GetNodeWithPath on a view, without a new reference (valid while the tree holds the node); or null.
+  ZOLAnnStandardXMLNode* FindNodeWithPath(std::string_view path, int occurrence);
+  /// GetValueWithPath on a view, without a new reference; or null.
+  ZOLAnnStandardXMLValue* FindValueWithPath(std::string_view path);
+  /// DeleteNodeWithPath on a view; 0 when removed, 1 otherwise.
+  int DeleteWithPath(std::string_view path);
+  /// The first sub-node of that name, without a new reference; or null.
+  ZOLAnnStandardXMLNode* FindNodeByName(std::string_view name) const;
+  /// The first value of that name, without a new reference; or null.
+  ZOLAnnStandardXMLValue* FindValueByName(std::string_view name) const;
+
   /// The sub-nodes and values, without new references, for readers that walk the tree.
   const std::vector<ZOLAnnStandardXMLNode*>& SubNodes() const { return _subNodes; }
   const std::vector<ZOLAnnStandardXMLValue*>& Values() const { return _values; }
 
 protected:
   ~ZOLAnnStandardXMLNode() override;
+  /// Frees the subtree with a worklist, so that depth costs no stack.
+  void Destroy() const override;
 
 private:
   int SplitPath(ZOLUnicodeString path, ZOLUnicodeString& head, ZOLUnicodeString& rest);
+  ZOLAnnStandardXMLNode* NodeAt(int index);
+  ZOLAnnStandardXMLValue* ValueAt(int index);
 
   Type _type;
   ZOLUnicodeString _name;

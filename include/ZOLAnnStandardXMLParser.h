@@ -1,5 +1,7 @@
 // A standard document: the three roots "Root", "Enum" and "TypeDef", a codec, and the edit-string language.
 #pragma once
+#include <memory>
+
 #include "ZOLAnnStandardXMLNode.h"
 #include "ZOLResult.h"
 #include "ZOLUnicodeString.h"
@@ -11,7 +13,7 @@ class ZOLAnnStandardXMLParser {
 public:
   /// An empty document with a codec of the installed factory (the DOM codec by default).
   ZOLAnnStandardXMLParser();
-  /// Shallow: the copy shares the roots and the codec, and must not outlive its source.
+  /// Shallow: the copy shares the roots and the codec; the codec goes with the last parser that holds it.
   ZOLAnnStandardXMLParser(const ZOLAnnStandardXMLParser& other);
   ZOLAnnStandardXMLParser& operator=(const ZOLAnnStandardXMLParser& other);
   virtual ~ZOLAnnStandardXMLParser();
@@ -53,11 +55,13 @@ private:
   ZOLAnnStandardXMLNode* GetStartNodeWithPath(ZOLUnicodeString path, ZOLUnicodeString& rest);
   HRESULT GetExplicitVersion(int& version);
   HRESULT IsVersioned(int release);
+  ZOLAnnStandardXMLNode* StartNode(std::string_view word) const;
 
-  ZOLAnnStandardXMLParserCodec* _codec = nullptr;
+  std::shared_ptr<ZOLAnnStandardXMLParserCodec> _codec;
   ZOLAnnStandardXMLNode* _typeDefRoot = nullptr;
   ZOLAnnStandardXMLNode* _enumRoot = nullptr;
   ZOLAnnStandardXMLNode* _root = nullptr;
 
-  static ZOLAnnStandardXMLParserCodecFactory* _codecFactory;
+  // Freed when the library unloads.
+  static std::unique_ptr<ZOLAnnStandardXMLParserCodecFactory> _codecFactory;
 };

@@ -1,0 +1,394 @@
+// The standard tree: positions and indexes, lookups, deletion, change, copy and the enumeration check.
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <string>
+
+#include "ZOLAnnStandardXMLNode.h"
+#include "ZOLAnnStandardXMLParser.h"
+#include "ZOLAnnStandardXMLValue.h"
+#include "ZOLQelInstCount.h"
+#include "ZOLRefCounted.h"
+#include "ZOLTestReports.h"
+
+namespace {
+
+using Node = ZOLAnnStandardXMLNode;
+using Value = ZOLAnnStandardXMLValue;
+using NodeRef = ZOLRef<Node>;
+using ValueRef = ZOLRef<Value>;
+
+NodeRef MakeNode(const char* name, Node::Type type = Node::PlainNode) { return NodeRef::Adopt(new Node(type, name)); }
+
+ValueRef MakeValue(const char* text, const char* name = "", Value::Type type = Value::StringValue, int range = 0) {
+  return ValueRef::Adopt(new Value(type, text, name, range));
+}
+
+void AddChild(Node* parent, const char* name, int position = -1) { parent->AddNode(MakeNode(name).get(), position); }
+
+// The sub-node names in order, joined by ",".
+std::string Names(const Node* node) {
+  std::string out;
+  for (auto* n : node->SubNodes()) out += (out.empty() ? "" : ",") + n->Name().str();
+  return out;
+}
+
+// The value texts in order, joined by ",".
+std::string Texts(const Node* node) {
+  std::string out;
+  for (auto* v : node->Values()) out += (out.empty() ? "" : ",") + v->Value().str();
+  return out;
+}
+
+}  // namespace
+
+TEST(Tree, AddNode_ExplicitPositionNeverAppendsButNegativeDoes) {
+  ZOLTestReports r;
+  NodeRef n = MakeNode("N");
+  AddChild(n.get(), "a", 0);  // position 0 on an empty node is beyond the size
+  EXPECT_EQ(n->GetNumOfNode(), 0);
+  EXPECT_EQ(r.Count(), 1);
+  AddChild(n.get(), "a", -1);
+  AddChild(n.get(), "b", -5);
+  AddChild(n.get(), "c", 2);  // equal to the size: refused
+  EXPECT_EQ(Names(n.get()), "a,b");
+  EXPECT_EQ(r.Count(), 2);
+  AddChild(n.get(), "c", 0);
+  AddChild(n.get(), "d", 1);
+  EXPECT_EQ(Names(n.get()), "c,d,a,b");
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 2);
+  EXPECT_EQ(r.Count(), 2);
+}
+
+TEST(Tree, AddValue_FollowsTheSamePositionRule) {
+  ZOLTestReports r;
+  NodeRef n = MakeNode("N");
+  n->AddValue(MakeValue("x").get(), 0);
+  n->AddValue(MakeValue("a").get(), -1);
+  n->AddValue(MakeValue("b").get(), 1);
+  n->AddValue(MakeValue("c").get(), 0);
+  EXPECT_EQ(Texts(n.get()), "c,a");
+  EXPECT_EQ(r.Count(), 2);
+}
+
+TEST(Tree, AddNodeAndAddValue_NullIsReportedOnPointerAndAddsNothing) {
+  ZOLTestReports r;
+  NodeRef n = MakeNode("N");
+  n->AddNode(nullptr, -1);
+  n->AddValue(nullptr, -1);
+  EXPECT_EQ(n->GetNumOfNode() + n->GetNumOfValue(), 0);
+  EXPECT_EQ(r.CountContaining("ON POINTER "), 2);
+  EXPECT_EQ(r.Count(), 2);
+}
+
+TEST(Tree, AddNode_TakesAReferenceOfItsOwn) {
+  ZOLTestReports r;
+  NodeRef parent = MakeNode("P");
+  NodeRef child = MakeNode("C");
+  parent->AddNode(child.get(), -1);
+  EXPECT_EQ(child->RefCount(), 2u);
+  NodeRef got = NodeRef::Adopt(parent->GetNode(0));
+  EXPECT_EQ(child->RefCount(), 3u);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(Tree, AssertionLine_HasTheFixedFormatWithFileAndLine) {
+  ZOLTestReports r;
+  NodeRef n = MakeNode("N");
+  AddChild(n.get(), "a", 3);
+  ASSERT_EQ(r.Count(), 1);
+  EXPECT_TRUE(std::regex_match(r.Lines()[0],
+                               std::regex(R"(>> ASSERTION FAILED BOOL IS FALSE:  \[File: ZOLAnnStandardXMLClass\.cpp:[ 0-9]{4}\]\.<<\n)")))
+      << r.Lines()[0];
+}
+
+TEST(Tree, AddNodeWithValue_ChecksNamesAndPosition) {
+  ZOLTestReports r;
+  NodeRef n = MakeNode("N");
+  EXPECT_EQ(n->AddNodeWithValue("Mode", Value::EnumValue, "Yes", "", -1), 0);      // enum without its name
+  EXPECT_EQ(n->AddNodeWithValue("Mode", Value::EnumValue, "", "YesNo", -1), 0);    // enum without text
+  EXPECT_EQ(n->AddNodeWithValue("Size", Value::FloatValue, "1.0", "0.0", -1), 0);  // a name on a plain value
+  EXPECT_EQ(n->AddNodeWithValue("", Value::IntValue, "1", "", -1), 0);
+  EXPECT_EQ(n->AddNodeWithValue("Size", Value::IntValue, "1", "", -2), 0);
+  EXPECT_EQ(n->AddNodeWithValue("Size", Value::IntValue, "1", "", 1), 0);
+  EXPECT_EQ(n->GetNumOfNode(), 0);
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 6);
+  r.Clear();
+  EXPECT_EQ(n->AddNodeWithValue("Mode", Value::EnumValue, "Yes", "YesNo", -1), 1);
+  EXPECT_EQ(n->AddNodeWithValue("Size", Value::IntValue, "3", "", 0), 1);
+  EXPECT_EQ(Names(n.get()), "Size,Mode");
+  EXPECT_EQ(r.Count(), 0);
+  NodeRef size = NodeRef::Adopt(n->GetNode(0));
+  EXPECT_EQ(size->GetNodeType(), Node::PlainNode);
+  ValueRef v = ValueRef::Adopt(size->GetValue(0));
+  EXPECT_EQ(v->GetType(), Value::IntValue);
+  EXPECT_EQ(v->GetValue(), "3");
+  EXPECT_EQ(v->GetRangeVal(), 0);
+}
+
+TEST(Tree, AddNodeWithValue_PositionEqualToSizeLosesTheNodeButReturnsOne) {
+  ZOLTestReports r;
+  NodeRef n = MakeNode("N");
+  AddChild(n.get(), "a");
+  EXPECT_EQ(n->AddNodeWithValue("Size", Value::IntValue, "3", "", 1), 1);
+  EXPECT_EQ(Names(n.get()), "a");
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(Tree, GetNode_NegativeIndexGivesTheLastAndBeyondIsNullWithReport) {
+  ZOLTestReports r;
+  NodeRef n = MakeNode("N");
+  EXPECT_EQ(n->GetNode(0), nullptr);  // empty
+  EXPECT_EQ(n->GetValue(-1), nullptr);
+  EXPECT_EQ(r.Count(), 2);
+  r.Clear();
+  for (const char* name : {"a", "b", "c"}) AddChild(n.get(), name);
+  for (const char* text : {"1", "2", "3"}) n->AddValue(MakeValue(text).get(), -1);
+  EXPECT_EQ(NodeRef::Adopt(n->GetNode(-1))->Name(), "c");
+  EXPECT_EQ(NodeRef::Adopt(n->GetNode(-7))->Name(), "c");
+  EXPECT_EQ(NodeRef::Adopt(n->GetNode(1))->Name(), "b");
+  EXPECT_EQ(ValueRef::Adopt(n->GetValue(-7))->Value(), "3");
+  EXPECT_EQ(r.Count(), 0);
+  EXPECT_EQ(n->GetNode(3), nullptr);
+  EXPECT_EQ(n->GetValue(3), nullptr);
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 2);
+  EXPECT_EQ(r.Count(), 2);
+}
+
+TEST(Tree, GetByName_FirstExactMatchWithoutReport) {
+  ZOLTestReports r;
+  NodeRef n = MakeNode("N");
+  EXPECT_EQ(n->GetNodeByName("a"), nullptr);
+  AddChild(n.get(), "a");
+  AddChild(n.get(), "b");
+  AddChild(n.get(), "b");
+  n->AddValue(MakeValue("1", "Width").get(), -1);
+  n->AddValue(MakeValue("2", "Width").get(), -1);
+  NodeRef b = NodeRef::Adopt(n->GetNodeByName("b"));
+  EXPECT_EQ(b.get(), n->SubNodes()[1]);
+  EXPECT_EQ(n->GetNodeByName("B"), nullptr);
+  EXPECT_EQ(ValueRef::Adopt(n->GetValueByName("Width"))->Value(), "1");
+  EXPECT_EQ(n->GetValueByName("1"), nullptr);  // by name, not by text
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(Tree, GetDefaultNode_PrefersDefaultElseTheFirst) {
+  ZOLTestReports r;
+  NodeRef n = MakeNode("Curve");
+  EXPECT_EQ(n->GetDefaultNode(), nullptr);
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
+  AddChild(n.get(), "Thin");
+  EXPECT_EQ(NodeRef::Adopt(n->GetDefaultNode())->Name(), "Thin");
+  AddChild(n.get(), "Default");
+  EXPECT_EQ(NodeRef::Adopt(n->GetDefaultNode())->Name(), "Default");
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(Tree, GetNodeWithPath_OccurrenceTakesTheRankOnTheLastStepWhateverTheName) {
+  ZOLTestReports r;
+  NodeRef top = MakeNode("Root", Node::RootNode);
+  AddChild(top.get(), "A");
+  Node* a = top->SubNodes()[0];
+  for (const char* name : {"B", "X", "B"}) AddChild(a, name);
+  EXPECT_EQ(NodeRef::Adopt(top->GetNodeWithPath("A.B", 1)).get(), a->SubNodes()[0]);
+  EXPECT_EQ(NodeRef::Adopt(top->GetNodeWithPath("A.B", 2)).get(), a->SubNodes()[1]);
+  EXPECT_EQ(NodeRef::Adopt(top->GetNodeWithPath("A.Nothing", 3)).get(), a->SubNodes()[2]);
+  EXPECT_EQ(NodeRef::Adopt(top->GetNodeWithPath("A.B", 0)).get(), a->SubNodes()[2]);
+  EXPECT_EQ(NodeRef::Adopt(top->GetNodeWithPath("A.B", -1)).get(), a->SubNodes()[2]);
+  EXPECT_EQ(NodeRef::Adopt(top->GetNodeWithPath("A", 1)).get(), a);
+  EXPECT_EQ(top->GetNodeWithPath("A.Q", 1), nullptr);
+  EXPECT_EQ(top->GetNodeWithPath("Q.B", 2), nullptr);
+  EXPECT_EQ(top->GetNodeWithPath("", 1), nullptr);
+  EXPECT_EQ(r.Count(), 0);
+  EXPECT_EQ(top->GetNodeWithPath("A.B", 4), nullptr);  // beyond: GetNode's report
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(Tree, GetValueWithPath_FindsAValueByItsText) {
+  ZOLTestReports r;
+  NodeRef enums = MakeNode("Enum", Node::RootNode);
+  enums->AddNode(MakeNode("Frame", Node::EnumDefNode).get(), -1);
+  Node* frame = enums->SubNodes()[0];
+  frame->AddValue(MakeValue("Square").get(), -1);
+  frame->AddValue(MakeValue("Circle").get(), -1);
+  frame->AddValue(MakeValue("1.5", "Circle").get(), -1);
+  EXPECT_EQ(ValueRef::Adopt(enums->GetValueWithPath("Frame.Circle")).get(), frame->Values()[1]);
+  EXPECT_EQ(enums->GetValueWithPath("Frame.1.5"), nullptr);  // a text with a dot cannot be reached
+  EXPECT_EQ(enums->GetValueWithPath("Frame.Oval"), nullptr);
+  EXPECT_EQ(enums->GetValueWithPath("Arrow.Circle"), nullptr);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(Tree, DeleteNodeWithPath_RemovesANodeOrAValueByNameOrText) {
+  ZOLTestReports r;
+  NodeRef top = MakeNode("Enum", Node::RootNode);
+  top->AddNode(MakeNode("Frame", Node::EnumDefNode).get(), -1);
+  Node* frame = top->SubNodes()[0];
+  AddChild(frame, "Inner");
+  frame->AddValue(MakeValue("Square").get(), -1);
+  frame->AddValue(MakeValue("Circle").get(), -1);
+  frame->AddValue(MakeValue("7", "Width").get(), -1);
+  EXPECT_EQ(top->DeleteNodeWithPath("Frame.Circle"), 0);
+  EXPECT_EQ(Texts(frame), "Square,7");
+  EXPECT_EQ(top->DeleteNodeWithPath("Frame.Circle"), 1);
+  EXPECT_EQ(top->DeleteNodeWithPath("Frame.Width"), 0);
+  EXPECT_EQ(Texts(frame), "Square");
+  EXPECT_EQ(top->DeleteNodeWithPath("Frame.Inner"), 0);
+  EXPECT_EQ(frame->GetNumOfNode(), 0);
+  EXPECT_EQ(top->DeleteNodeWithPath("Arrow.Square"), 1);
+  EXPECT_EQ(top->DeleteNodeWithPath("Frame"), 0);
+  EXPECT_EQ(top->GetNumOfNode(), 0);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(Tree, DeleteSubNodeAndDeleteValue_HaveOppositeResults) {
+  ZOLTestReports r;
+  NodeRef n = MakeNode("N");
+  AddChild(n.get(), "a");
+  AddChild(n.get(), "b");
+  n->AddValue(MakeValue("1").get(), -1);
+  n->AddValue(MakeValue("2").get(), -1);
+  EXPECT_EQ(n->DeleteSubNode(0), 0);
+  EXPECT_EQ(n->DeleteSubNode(1), 1);
+  EXPECT_EQ(n->DeleteSubNode(-1), 1);
+  EXPECT_EQ(Names(n.get()), "b");
+  EXPECT_EQ(r.Count(), 0);
+  EXPECT_EQ(n->DeleteValue(1), 1);
+  EXPECT_EQ(n->DeleteValue(1), 0);
+  EXPECT_EQ(n->DeleteValue(-1), 0);
+  EXPECT_EQ(Texts(n.get()), "1");
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 2);
+  EXPECT_EQ(r.Count(), 2);
+}
+
+TEST(Tree, ChangeValue_SingleValueTakesTheWholeTextColonsIncluded) {
+  ZOLTestReports r;
+  NodeRef record = MakeNode("Symbol", Node::TypeValNode);
+  record->AddValue(MakeValue("40", "Charcode", Value::IntValue).get(), -1);
+  record->ChangeValue("Charcode:42");
+  EXPECT_EQ(record->Values()[0]->Value(), "Charcode:42");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(Tree, ChangeValue_SeveralValuesChangeTheNamedField) {
+  ZOLTestReports r;
+  NodeRef record = MakeNode("Symbol", Node::TypeValNode);
+  record->AddValue(MakeValue("40", "Charcode", Value::IntValue).get(), -1);
+  record->AddValue(MakeValue("Arial", "Font").get(), -1);
+  record->ChangeValue("Font:Times:Bold");
+  EXPECT_EQ(Texts(record.get()), "40,Times:Bold");
+  record->ChangeValue("no colon here");
+  EXPECT_EQ(Texts(record.get()), "40,Times:Bold");
+  EXPECT_EQ(r.Count(), 0);
+  record->ChangeValue("Size:3");
+  EXPECT_EQ(Texts(record.get()), "40,Times:Bold");
+  EXPECT_EQ(r.CountContaining("ON POINTER "), 1);
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(Tree, ChangeValue_NodeWithSubNodesIsRefused) {
+  ZOLTestReports r;
+  NodeRef n = MakeNode("N");
+  n->AddValue(MakeValue("1").get(), -1);
+  AddChild(n.get(), "a");
+  n->ChangeValue("2");
+  EXPECT_EQ(Texts(n.get()), "1");
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(Tree, Clone_IsDeepAndSharesNothing) {
+  ZOLTestReports r;
+  NodeRef src = MakeNode("Sheet", Node::TypeValNode);
+  src->AddValue(MakeValue("1.0", "0.0", Value::FloatValue, 1).get(), -1);
+  src->AddValue(MakeValue("Yes", "YesNo", Value::EnumValue).get(), -1);
+  AddChild(src.get(), "a");
+  AddChild(src.get(), "b");
+  src->SubNodes()[1]->AddValue(MakeValue("deep").get(), -1);
+  NodeRef copy = NodeRef::Adopt(src->Clone());
+  ASSERT_TRUE(copy);
+  EXPECT_EQ(copy->GetNodeType(), Node::TypeValNode);
+  EXPECT_EQ(copy->Name(), "Sheet");
+  EXPECT_EQ(Names(copy.get()), "a,b");
+  EXPECT_EQ(Texts(copy.get()), "1.0,Yes");
+  const Value* bound = copy->Values()[0];
+  EXPECT_EQ(bound->GetType(), Value::FloatValue);
+  EXPECT_EQ(bound->Name(), "0.0");
+  EXPECT_EQ(bound->GetRangeVal(), 1);
+  EXPECT_NE(bound, src->Values()[0]);
+  EXPECT_NE(copy->SubNodes()[1], src->SubNodes()[1]);
+  copy->SubNodes()[1]->ChangeValue("changed");
+  copy->Values()[1]->SetValue("No");
+  EXPECT_EQ(Texts(src->SubNodes()[1]), "deep");
+  EXPECT_EQ(Texts(src.get()), "1.0,Yes");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(Tree, ValueCheck_OnlyEnumeratedValuesAreLookedAt) {
+  ZOLTestReports r;
+  NodeRef enums = MakeNode("Enum", Node::RootNode);
+  ValueRef bad = MakeValue("Nothing", "YesNo", Value::EnumValue);
+  ValueRef plain = MakeValue("Nothing", "YesNo", Value::StringValue);
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(plain->Check(enums.get(), "P"), 0);
+  EXPECT_EQ(bad->Check(nullptr, "P"), 0);
+  EXPECT_EQ(bad->Check(enums.get(), "P"), 1);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "P.Nothing with enum \"YesNo\"");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(Tree, Check_PrintsEachFaultWithTheRootNameTwiceAndGoesOn) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  ASSERT_EQ(doc.AddNodeWithPath("Enum:FontStyle", 0), 0);
+  ASSERT_EQ(doc.AddValueWithPath("Enum.FontStyle::string:Normal", 1), 0);
+  ASSERT_EQ(doc.AddNodeWithPath("Root:Font", 0), 0);
+  ASSERT_EQ(doc.AddNodeWithPath("Root.Font:Sub", 0), 0);
+  Node* font = doc.Root()->SubNodes()[0];
+  font->AddValue(MakeValue("Bold", "FontStyle", Value::EnumValue).get(), -1);
+  font->AddValue(MakeValue("Normal", "FontStyle", Value::EnumValue).get(), -1);
+  font->SubNodes()[0]->AddValue(MakeValue("Thin", "FontStyle", Value::EnumValue).get(), -1);
+  font->SubNodes()[0]->AddValue(MakeValue("Thin", "FontStyle", Value::StringValue).get(), -1);
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(doc.Check(), 0);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+            "Enum undefined: Root.Root.Font.Sub.Thin with enum \"FontStyle\""
+            "Enum undefined: Root.Root.Font.Bold with enum \"FontStyle\"");
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(font->Check(doc.EnumRoot(), "X"), 2);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+            "X.Font.Sub.Thin with enum \"FontStyle\"X.Font.Bold with enum \"FontStyle\"");
+  EXPECT_EQ(font->Check(nullptr, "X"), 0);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(Tree, Check_DefinedValuesGiveOne) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  ASSERT_EQ(doc.AddNodeWithPath("Enum:YesNo", 0), 0);
+  ASSERT_EQ(doc.AddValueWithPath("Enum.YesNo::string:Yes", 1), 0);
+  ASSERT_EQ(doc.AddNodeWithPath("Root:Style", 0), 0);
+  ASSERT_EQ(doc.AddValueWithPath("Root.Style:Framed:enum.YesNo:Yes", 1), 0);
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(doc.Check(), 1);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(Tree, InstanceCounter_CountsNodesAndValuesInDevelopmentModeOnly) {
+  ZOLTestReports r;
+  long before = ZOLQelInstCountGet("ZOLAnnStandardXMLClass");
+  ZOLSetDevelopmentStage(1);
+  {
+    NodeRef n = MakeNode("N");
+    n->AddValue(MakeValue("1").get(), -1);
+    EXPECT_EQ(ZOLQelInstCountGet("ZOLAnnStandardXMLClass"), before + 2);
+  }
+  EXPECT_EQ(ZOLQelInstCountGet("ZOLAnnStandardXMLClass"), before);
+  ZOLSetDevelopmentStage(0);
+  NodeRef quiet = MakeNode("Q");
+  EXPECT_EQ(ZOLQelInstCountGet("ZOLAnnStandardXMLClass"), before);
+  quiet = NodeRef();
+  EXPECT_EQ(r.Count(), 0);
+}
