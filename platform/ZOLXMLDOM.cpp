@@ -1,0 +1,508 @@
+// DOM services over libxml2's tree and its save module.
+//
+// Safety: every parse of the platform reads its input itself (text or file, in chunks) and refuses
+// any further load through the entity loader while it runs, so neither a DTD nor an external
+// entity is ever fetched, whatever the options. Entities are not substituted: a reference stays a
+// node of its own. Network access is off as well.
+#include "ZOLXMLDOM.h"
+
+#include <libxml/parser.h>
+#include <libxml/parserInternals.h>
+#include <libxml/tree.h>
+#include <libxml/xmlsave.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <mutex>
+
+#include "ZOLFile.h"
+
+namespace {
+
+// Depth is bounded by memory only: the walkers above libxml2 keep their work on the heap.
+constexpr unsigned kMaxDepth = 1u << 26;
+// Marks a document read with namespaces off; held in xmlDoc::_private.
+char g_noNamespaces;
+// Parses of this thread that are running: while one runs, the entity loader loads nothing.
+thread_local int t_parsesRunning = 0;
+xmlExternalEntityLoader g_previousLoader = nullptr;
+
+xmlParserInputPtr RefusingLoader(const char* url, const char* id, xmlParserCtxtPtr ctxt) {
+  if (t_parsesRunning > 0) return nullptr;
+  return g_previousLoader ? g_previousLoader(url, id, ctxt) : nullptr;
+}
+
+struct ParseScope {
+  ParseScope() { ++t_parsesRunning; }
+  ~ParseScope() { --t_parsesRunning; }
+};
+
+std::string_view View(const xmlChar* s) {
+  return s ? std::string_view(reinterpret_cast<const char*>(s)) : std::string_view();
+}
+
+// xmlChar strings of the given view, NUL-terminated.
+std::string Z(std::string_view s) { return std::string(s); }
+const xmlChar* X(const std::string& s) { return reinterpret_cast<const xmlChar*>(s.c_str()); }
+
+bool NamespacesOff(const xmlNode* node) { return node->doc && node->doc->_private == &g_noNamespaces; }
+
+// Whether an attribute of an element matches a namespace URI and a local name; an empty URI asks
+// for an attribute without namespace, which, with namespaces off, is matched by its written name.
+bool AttributeMatches(const xmlAttr* a, std::string_view uri, std::string_view localName) {
+  if (NamespacesOff(a->parent)) {
+    if (!uri.empty()) return false;
+    std::string_view prefix = a->ns ? View(a->ns->prefix) : std::string_view();
+    std::string_view name = View(a->name);
+    if (prefix.empty()) return name == localName;
+    return localName.size() == prefix.size() + 1 + name.size() && localName.substr(0, prefix.size()) == prefix &&
+           localName[prefix.size()] == ':' && localName.substr(prefix.size() + 1) == name;
+  }
+  if (View(a->name) != localName) return false;
+  std::string_view ns = a->ns ? View(a->ns->href) : std::string_view();
+  return ns == uri;
+}
+
+const xmlAttr* FindAttribute(const xmlNode* node, std::string_view uri, std::string_view localName) {
+  for (const xmlAttr* a = node->properties; a; a = a->next)
+    if (AttributeMatches(a, uri, localName)) return a;
+  return nullptr;
+}
+
+bool IsTrue(const ZOLUnicodeString& value, bool& out) {
+  if (value == "true" || value == "1") { out = true; return true; }
+  if (value == "false" || value == "0") { out = false; return true; }
+  return false;
+}
+
+}  // namespace
+
+void ZOLXMLInitialize() {
+  static std::once_flag once;
+  std::call_once(once, [] {
+    xmlInitParser();
+    if (xmlParserMaxDepth < kMaxDepth) xmlParserMaxDepth = kMaxDepth;
+    g_previousLoader = xmlGetExternalEntityLoader();
+    xmlSetExternalEntityLoader(RefusingLoader);
+  });
+}
+
+// ---------------------------------------------------------------- nodes
+
+ZOLIDOMNode::NodeType ZOLIDOMNode::GetNodeType() const {
+  if (!_node) return UNKNOWN_NODE;
+  int t = _node->type;
+  if (t >= XML_ELEMENT_NODE && t <= XML_NOTATION_NODE) return static_cast<NodeType>(t);
+  if (t == XML_HTML_DOCUMENT_NODE) return DOCUMENT_NODE;
+  if (t == XML_DTD_NODE) return DOCUMENT_TYPE_NODE;
+  return UNKNOWN_NODE;
+}
+
+HRESULT ZOLIDOMNode::GetNodeName(std::string& name) const {
+  if (!_node) return E_FAIL;
+  switch (_node->type) {
+    case XML_TEXT_NODE: name = "#text"; return S_OK;
+    case XML_CDATA_SECTION_NODE: name = "#cdata-section"; return S_OK;
+    case XML_COMMENT_NODE: name = "#comment"; return S_OK;
+    case XML_DOCUMENT_NODE:
+    case XML_HTML_DOCUMENT_NODE: name = "#document"; return S_OK;
+    case XML_DOCUMENT_FRAG_NODE: name = "#document-fragment"; return S_OK;
+    default: break;
+  }
+  name.assign(View(_node->name));
+  if (_node->type == XML_ELEMENT_NODE && _node->ns && _node->ns->prefix)
+    name.insert(0, 1, ':').insert(0, reinterpret_cast<const char*>(_node->ns->prefix));
+  return S_OK;
+}
+
+HRESULT ZOLIDOMNode::GetLocalName(std::string_view& name) const {
+  if (!_node) return E_FAIL;
+  name = _node->type == XML_ELEMENT_NODE && !NamespacesOff(_node) ? View(_node->name) : std::string_view();
+  return S_OK;
+}
+
+HRESULT ZOLIDOMNode::GetNamespaceURI(std::string_view& uri) const {
+  if (!_node) return E_FAIL;
+  uri = _node->type == XML_ELEMENT_NODE && _node->ns && !NamespacesOff(_node) ? View(_node->ns->href) : std::string_view();
+  return S_OK;
+}
+
+HRESULT ZOLIDOMNode::GetNodeValue(std::string_view& value) const {
+  if (!_node) return E_FAIL;
+  switch (_node->type) {
+    case XML_TEXT_NODE:
+    case XML_CDATA_SECTION_NODE:
+    case XML_COMMENT_NODE:
+    case XML_PI_NODE: value = View(_node->content); break;
+    default: value = std::string_view(); break;
+  }
+  return S_OK;
+}
+
+HRESULT ZOLIDOMNode::GetParentNode(ZOLIDOMNode& parent) const {
+  if (!_node) return E_FAIL;
+  parent = ZOLIDOMNode(_node->parent);
+  return S_OK;
+}
+
+HRESULT ZOLIDOMNode::GetChildNodes(ZOLIDOMNodeList& children) const {
+  if (!_node) return E_FAIL;
+  children = ZOLIDOMNodeList(_node);
+  return S_OK;
+}
+
+HRESULT ZOLIDOMNode::AppendChild(const ZOLIDOMNode& child) {
+  if (!_node) return E_FAIL;
+  xmlNode* c = child._node;
+  if (!c || c->parent || c->prev || c->next || c->doc != _node->doc || c == _node) return E_INVALIDARG;
+  if (c->type == XML_ATTRIBUTE_NODE || c->type == XML_DOCUMENT_NODE) return E_INVALIDARG;
+  if (_node->type != XML_ELEMENT_NODE) return E_INVALIDARG;
+  // Linked by hand: xmlAddChild would merge adjacent texts and free the one handed in.
+  c->parent = _node;
+  if (_node->last) {
+    _node->last->next = c;
+    c->prev = _node->last;
+  } else {
+    _node->children = c;
+  }
+  _node->last = c;
+  return S_OK;
+}
+
+// ---------------------------------------------------------------- elements
+
+ZOLIDOMElement::ZOLIDOMElement(const ZOLIDOMNode& node)
+    : ZOLIDOMNode(node.Raw() && node.Raw()->type == XML_ELEMENT_NODE ? node.Raw() : nullptr) {}
+
+HRESULT ZOLIDOMElement::GetAttributeNS(std::string_view uri, std::string_view localName, std::string& value) const {
+  if (!_node) return E_FAIL;
+  value.clear();
+  const xmlAttr* a = FindAttribute(_node, uri, localName);
+  if (!a) return S_FALSE;
+  // An attribute's value is nearly always one text node; read it without an allocation of libxml2's.
+  for (const xmlNode* c = a->children; c; c = c->next) {
+    if (c->type == XML_TEXT_NODE) {
+      value.append(View(c->content));
+    } else if (c->type == XML_ENTITY_REF_NODE) {
+      xmlChar* s = xmlNodeGetContent(c);
+      value.append(View(s));
+      xmlFree(s);
+    }
+  }
+  return S_OK;
+}
+
+bool ZOLIDOMElement::HasAttributeNS(std::string_view uri, std::string_view localName) const {
+  return _node && FindAttribute(_node, uri, localName);
+}
+
+HRESULT ZOLIDOMElement::SetAttribute(std::string_view qualifiedName, std::string_view value) {
+  if (!_node) return E_FAIL;
+  if (qualifiedName.empty()) return E_INVALIDARG;
+  std::string v = Z(value);
+  if (qualifiedName == "xmlns" || qualifiedName.substr(0, 6) == "xmlns:") {
+    std::string prefix = qualifiedName.size() > 6 ? Z(qualifiedName.substr(6)) : std::string();
+    if (qualifiedName.size() == 6) return E_INVALIDARG;
+    for (xmlNs* ns = _node->nsDef; ns; ns = ns->next) {
+      if (View(ns->prefix) != prefix) continue;
+      if (View(ns->href) != value) {
+        xmlFree(const_cast<xmlChar*>(ns->href));
+        ns->href = xmlStrdup(X(v));
+      }
+      return S_OK;
+    }
+    return xmlNewNs(_node, X(v), prefix.empty() ? nullptr : X(prefix)) ? S_OK : E_FAIL;
+  }
+  std::string name = Z(qualifiedName);
+  return xmlSetProp(_node, X(name), X(v)) ? S_OK : E_FAIL;
+}
+
+// ---------------------------------------------------------------- node lists
+
+ZOLIDOMNodeList::ZOLIDOMNodeList(_xmlNode* parent) : _parent(parent) {
+  // An entity reference points at the entity's own nodes, which are not its children.
+  if (!_parent || _parent->type == XML_ENTITY_REF_NODE) {
+    _parent = nullptr;
+    return;
+  }
+  for (xmlNode* c = _parent->children; c; c = c->next) ++_length;
+}
+
+HRESULT ZOLIDOMNodeList::Item(int index, ZOLIDOMNode& node) const {
+  if (!_parent || index < 0 || index >= _length) return E_INVALIDARG;
+  if (_cursorIndex < 0 || !_cursor || index < _cursorIndex / 2) {
+    _cursor = _parent->children;
+    _cursorIndex = 0;
+  }
+  while (_cursor && _cursorIndex < index) { _cursor = _cursor->next; ++_cursorIndex; }
+  while (_cursor && _cursorIndex > index) { _cursor = _cursor->prev; --_cursorIndex; }
+  if (!_cursor) {
+    _cursorIndex = -1;
+    return E_FAIL;
+  }
+  node = ZOLIDOMNode(_cursor);
+  return S_OK;
+}
+
+// ---------------------------------------------------------------- documents
+
+ZOLIDOMDocument::ZOLIDOMDocument(_xmlDoc* doc) {
+  if (doc) _doc.reset(doc, [](_xmlDoc* d) { xmlFreeDoc(d); });
+}
+
+HRESULT ZOLIDOMDocument::GetDocumentElement(ZOLIDOMElement& element) const {
+  if (!_doc) return E_FAIL;
+  element = ZOLIDOMElement(ZOLIDOMNode(xmlDocGetRootElement(_doc.get())));
+  return S_OK;
+}
+
+HRESULT ZOLIDOMDocument::CreateElementNS(std::string_view uri, std::string_view qualifiedName, ZOLIDOMElement& element) {
+  if (!_doc) return E_FAIL;
+  size_t colon = qualifiedName.find(':');
+  std::string prefix = colon == std::string_view::npos ? std::string() : Z(qualifiedName.substr(0, colon));
+  std::string local = Z(colon == std::string_view::npos ? qualifiedName : qualifiedName.substr(colon + 1));
+  if (local.empty() || (colon != std::string_view::npos && prefix.empty()) || (uri.empty() && !prefix.empty()))
+    return E_INVALIDARG;
+  xmlNode* node = xmlNewDocNode(_doc.get(), nullptr, X(local), nullptr);
+  if (!node) return E_FAIL;
+  if (!uri.empty()) {
+    xmlNs* ns = nullptr;
+    if (xmlNode* root = xmlDocGetRootElement(_doc.get())) {
+      for (xmlNs* d = root->nsDef; d && !ns; d = d->next)
+        if (View(d->href) == uri && View(d->prefix) == prefix) ns = d;
+    }
+    if (!ns) {
+      std::string u = Z(uri);
+      ns = xmlNewNs(node, X(u), prefix.empty() ? nullptr : X(prefix));
+    }
+    if (!ns) {
+      xmlFreeNode(node);
+      return E_FAIL;
+    }
+    xmlSetNs(node, ns);
+  }
+  element = ZOLIDOMElement(ZOLIDOMNode(node));
+  return S_OK;
+}
+
+HRESULT ZOLIDOMDocument::CreateTextNode(std::string_view text, ZOLIDOMNode& node) {
+  if (!_doc) return E_FAIL;
+  xmlNode* t = xmlNewDocTextLen(_doc.get(), reinterpret_cast<const xmlChar*>(text.data()), static_cast<int>(text.size()));
+  if (!t) return E_FAIL;
+  node = ZOLIDOMNode(t);
+  return S_OK;
+}
+
+HRESULT ZOLIDOMDocument::AppendChild(const ZOLIDOMNode& child) {
+  if (!_doc) return E_FAIL;
+  xmlNode* c = child.Raw();
+  if (!c || c->type != XML_ELEMENT_NODE || c->parent || c->doc != _doc.get() || xmlDocGetRootElement(_doc.get()))
+    return E_INVALIDARG;
+  xmlDocSetRootElement(_doc.get(), c);
+  return S_OK;
+}
+
+// ---------------------------------------------------------------- builder
+
+namespace {
+
+struct ReadOptions {
+  bool validate = false;
+  bool namespaces = true;
+};
+
+struct WriteOptions {
+  bool pretty = true;
+};
+
+// Input callbacks: a text in memory, or an open file.
+struct TextInput {
+  const std::string* text;
+  size_t pos;
+};
+
+int ReadText(void* context, char* buffer, int len) {
+  auto* in = static_cast<TextInput*>(context);
+  size_t n = std::min(static_cast<size_t>(len), in->text->size() - in->pos);
+  std::memcpy(buffer, in->text->data() + in->pos, n);
+  in->pos += n;
+  return static_cast<int>(n);
+}
+
+int ReadFile(void* context, char* buffer, int len) {
+  FILE* f = static_cast<FILE*>(context);
+  size_t n = std::fread(buffer, 1, static_cast<size_t>(len), f);
+  if (n == 0 && std::ferror(f)) return -1;
+  return static_cast<int>(n);
+}
+
+int WriteString(void* context, const char* buffer, int len) {
+  static_cast<std::string*>(context)->append(buffer, static_cast<size_t>(len));
+  return len;
+}
+
+class Builder final : public ZOLIXMLDOMDocumentBuilder {
+public:
+  HRESULT GetSupportedOptions(ZOLListValZOLUnicodeString& names) override {
+    names.RemoveAll();
+    for (std::string_view n : {ZOLDOMOptionDoValidation, ZOLDOMOptionEnableNameSpaces, ZOLDOMOptionPrettyPrint})
+      names.Append(ZOLUnicodeString(n));
+    return S_OK;
+  }
+
+  HRESULT BuildDocumentFromFile(std::string_view path, const ZOLListValZOLUnicodeString& names,
+                                const ZOLListValZOLUnicodeString& values, ZOLIDOMDocument& document) override {
+    _lastError.clear();
+    ReadOptions options;
+    if (!ParseOptions(names, values, &options, nullptr)) return E_INVALIDARG;
+    std::string p = Z(path);
+    FILE* f = std::fopen(p.c_str(), "rb");
+    if (!f) {
+      _lastError = p + ": cannot open: " + std::strerror(errno);
+      return E_FAIL;
+    }
+    HRESULT hr = Read(ReadFile, f, p, options, document);
+    std::fclose(f);
+    return hr;
+  }
+
+  HRESULT BuildDocumentFromSource(const ZOLIXMLInputSource& source, const ZOLListValZOLUnicodeString& names,
+                                  const ZOLListValZOLUnicodeString& values, ZOLIDOMDocument& document) override {
+    if (source.GetKind() == ZOLIXMLInputSource::Kind::File)
+      return BuildDocumentFromFile(source.GetContent(), names, values, document);
+    _lastError.clear();
+    ReadOptions options;
+    if (!ParseOptions(names, values, &options, nullptr)) return E_INVALIDARG;
+    TextInput in{&source.GetContent(), 0};
+    return Read(ReadText, &in, source.GetSystemId(), options, document);
+  }
+
+  HRESULT CreateDocument(ZOLIDOMDocument& document) override {
+    ZOLXMLInitialize();
+    _lastError.clear();
+    xmlDoc* doc = xmlNewDoc(reinterpret_cast<const xmlChar*>("1.0"));
+    if (!doc) return E_FAIL;
+    doc->dict = xmlDictCreate();  // element names are interned, as in a parsed document
+    document = ZOLIDOMDocument(doc);
+    return S_OK;
+  }
+
+  HRESULT WriteToFile(const ZOLIDOMDocument& document, std::string_view path, const ZOLListValZOLUnicodeString& names,
+                      const ZOLListValZOLUnicodeString& values) override {
+    std::string text;
+    HRESULT hr = WriteToString(document, text, names, values);
+    if (FAILED(hr)) return hr;
+    std::string p = Z(path);
+    if (FAILED(ZOLWriteFileAtomically(p.c_str(), text))) {
+      _lastError = p + ": cannot write: " + std::strerror(errno);
+      return E_FAIL;
+    }
+    return S_OK;
+  }
+
+  HRESULT WriteToString(const ZOLIDOMDocument& document, std::string& text, const ZOLListValZOLUnicodeString& names,
+                        const ZOLListValZOLUnicodeString& values) override {
+    ZOLXMLInitialize();
+    _lastError.clear();
+    WriteOptions options;
+    if (!ParseOptions(names, values, nullptr, &options)) return E_INVALIDARG;
+    if (document.IsNull()) {
+      _lastError = "no document";
+      return E_FAIL;
+    }
+    std::string out;
+    xmlSaveCtxtPtr save = xmlSaveToIO(WriteString, nullptr, &out, "UTF-8", options.pretty ? XML_SAVE_FORMAT : 0);
+    if (!save) {
+      _lastError = "cannot start the writer";
+      return E_FAIL;
+    }
+    long rc = xmlSaveDoc(save, document.Raw());
+    if (xmlSaveClose(save) < 0 || rc < 0) {
+      _lastError = "the writer failed";
+      return E_FAIL;
+    }
+    text = std::move(out);
+    return S_OK;
+  }
+
+  const std::string& GetLastError() const override { return _lastError; }
+
+private:
+  // Reads the option lists; read options go to r, write options to w, and a name that belongs to
+  // neither call, or a value that is not Boolean, is refused.
+  bool ParseOptions(const ZOLListValZOLUnicodeString& names, const ZOLListValZOLUnicodeString& values,
+                    ReadOptions* r, WriteOptions* w) {
+    if (names.Size() != values.Size()) {
+      _lastError = "option names and values differ in number";
+      return false;
+    }
+    for (int i = 1; i <= names.Size(); ++i) {
+      bool on = false;
+      if (!IsTrue(values[i], on)) {
+        _lastError = "option " + names[i].str() + ": not true or false: " + values[i].str();
+        return false;
+      }
+      if (r && names[i] == ZOLDOMOptionDoValidation) r->validate = on;
+      else if (r && names[i] == ZOLDOMOptionEnableNameSpaces) r->namespaces = on;
+      else if (w && names[i] == ZOLDOMOptionPrettyPrint) w->pretty = on;
+      else {
+        _lastError = "option not supported here: " + names[i].str();
+        return false;
+      }
+    }
+    return true;
+  }
+
+  static void OnError(void* data, xmlErrorPtr error) {
+    auto* ctxt = static_cast<xmlParserCtxtPtr>(data);
+    auto* self = ctxt ? static_cast<Builder*>(ctxt->_private) : nullptr;
+    if (!self || !error || !self->_lastError.empty()) return;
+    // With namespaces off a namespace error is no reason to refuse the document.
+    if (error->domain == XML_FROM_NAMESPACE && !self->_reading.namespaces) return;
+    if (error->level == XML_ERR_WARNING) return;
+    std::string message = error->message ? error->message : "";
+    while (!message.empty() && message.back() == '\n') message.pop_back();
+    self->_lastError = (error->file ? std::string(error->file) : std::string()) + ":" + std::to_string(error->line) + ": " + message;
+  }
+
+  HRESULT Read(xmlInputReadCallback read, void* input, const std::string& systemId, const ReadOptions& options,
+               ZOLIDOMDocument& document) {
+    ZOLXMLInitialize();
+    xmlParserCtxtPtr ctxt = xmlNewParserCtxt();
+    if (!ctxt) {
+      _lastError = "out of memory";
+      return E_FAIL;
+    }
+    _reading = options;
+    ctxt->_private = this;
+    ctxt->sax->serror = OnError;
+    int flags = XML_PARSE_NONET | (options.validate ? XML_PARSE_DTDVALID : 0);
+    xmlDoc* doc = nullptr;
+    {
+      ParseScope scope;
+      doc = xmlCtxtReadIO(ctxt, read, nullptr, input, systemId.empty() ? nullptr : systemId.c_str(), nullptr, flags);
+    }
+    bool ok = doc && ctxt->wellFormed && (!options.namespaces || ctxt->nsWellFormed) && (!options.validate || ctxt->valid);
+    xmlFreeParserCtxt(ctxt);
+    if (!ok) {
+      if (doc) xmlFreeDoc(doc);
+      if (_lastError.empty()) _lastError = systemId + ": not a well-formed document";
+      return E_FAIL;
+    }
+    if (!options.namespaces) doc->_private = &g_noNamespaces;
+    document = ZOLIDOMDocument(doc);
+    return S_OK;
+  }
+
+  std::string _lastError;
+  ReadOptions _reading;
+};
+
+}  // namespace
+
+HRESULT CreateZOLIXMLDOMDocumentBuilder(std::unique_ptr<ZOLIXMLDOMDocumentBuilder>& builder) {
+  ZOLXMLInitialize();
+  builder = std::make_unique<Builder>();
+  return S_OK;
+}

@@ -1,0 +1,248 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "ZOLTestReports.h"
+#include "ZOLXMLSAX.h"
+
+namespace {
+
+// Writes the events it receives as lines, and can throw or stop at an element of a given name.
+class Recorder : public ZOLISAXContentHandler, public ZOLISAXErrorHandler {
+public:
+  std::vector<std::string> events;
+  std::string text;
+  std::vector<ZOLSAXParseError> fatals, errors, warnings;
+  std::string throwAt, stopAt;
+  int depth = 0, maxDepth = 0;
+
+  int StartDocument() override { events.push_back("start-doc"); return 0; }
+  int EndDocument() override { events.push_back("end-doc"); return 0; }
+  int StartElement(std::string_view uri, std::string_view local, std::string_view qname,
+                   const ZOLISAXAttributes& attrs) override {
+    if (qname == throwAt) throw std::runtime_error("handler failed at " + std::string(qname));
+    if (qname == stopAt) return 1;
+    maxDepth = std::max(maxDepth, ++depth);
+    if (depth > 3) return 0;  // deep documents: keep the log small
+    std::string line = "<" + std::string(qname) + "|" + std::string(local) + "|" + std::string(uri);
+    std::string_view v;
+    for (const char* name : {"name", "std:kind", "other:kind", "missing"})
+      if (attrs.GetValue(name, v)) line += " " + std::string(name) + "=" + std::string(v);
+    line += " #" + std::to_string(attrs.GetLength());
+    events.push_back(line);
+    return 0;
+  }
+  int EndElement(std::string_view, std::string_view, std::string_view qname) override {
+    if (depth-- <= 3) events.push_back("</" + std::string(qname));
+    return 0;
+  }
+  int Characters(std::string_view t) override { text += t; return 0; }
+  int IgnorableWhitespace(std::string_view) override { events.push_back("ignorable"); return 0; }
+  int ProcessingInstruction(std::string_view target, std::string_view) override {
+    events.push_back("pi " + std::string(target));
+    return 0;
+  }
+  int SetDocumentLocator(int, int) override { return 0; }
+  int SkippedEntity(std::string_view) override { return 0; }
+  int StartPrefixMapping(std::string_view prefix, std::string_view uri) override {
+    events.push_back("map " + std::string(prefix) + "=" + std::string(uri));
+    return 0;
+  }
+  int EndPrefixMapping(std::string_view prefix) override { events.push_back("unmap " + std::string(prefix)); return 0; }
+  int Warning(const ZOLSAXParseError& e) override { warnings.push_back(e); return 0; }
+  int Error(const ZOLSAXParseError& e) override { errors.push_back(e); return 0; }
+  int FatalError(const ZOLSAXParseError& e) override { fatals.push_back(e); return 0; }
+};
+
+HRESULT ParseText(const std::string& text, Recorder& rec) {
+  std::unique_ptr<ZOLIXMLSAX2Factory> factory;
+  EXPECT_EQ(CreateZOLIXMLSAX2Factory(factory), S_OK);
+  std::unique_ptr<ZOLIXMLInputSource> source;
+  EXPECT_EQ(factory->CreateInputSourceFromText(text, "fileID", source), S_OK);
+  std::unique_ptr<ZOLISAXXMLReader> reader;
+  EXPECT_EQ(factory->CreateReader(reader), S_OK);
+  reader->SetContentHandler(&rec);
+  reader->SetErrorHandler(&rec);
+  return reader->Parse(*source);
+}
+
+HRESULT ParseFile(const std::string& path, Recorder& rec) {
+  std::unique_ptr<ZOLIXMLSAX2Factory> factory;
+  EXPECT_EQ(CreateZOLIXMLSAX2Factory(factory), S_OK);
+  std::unique_ptr<ZOLIXMLInputSource> source;
+  EXPECT_EQ(factory->CreateInputSourceFromFile(path, "fileID", source), S_OK);
+  std::unique_ptr<ZOLISAXXMLReader> reader;
+  EXPECT_EQ(factory->CreateReader(reader), S_OK);
+  reader->SetContentHandler(&rec);
+  reader->SetErrorHandler(&rec);
+  return reader->Parse(*source);
+}
+
+std::string TempPath(const char* name) {
+  return (std::filesystem::temp_directory_path() / (std::string("zolsax_") + std::to_string(::getpid()) + "_" + name)).string();
+}
+
+}  // namespace
+
+TEST(SAXReader, ReportsNamespacesQualifiedNamesAndAttributesByQualifiedName) {
+  ZOLTestReports reports;
+  Recorder rec;
+  const std::string doc =
+      "<std:node xmlns:std=\"http://x.org/std\" xmlns:other=\"urn:o\" name=\"drafting\">"
+      "<std:intval std:kind=\"k\" other:kind=\"o\">1</std:intval><plain name=\"p\"/></std:node>";
+  EXPECT_EQ(ParseText(doc, rec), S_OK);
+  std::vector<std::string> expected = {
+      "start-doc",
+      "map std=http://x.org/std",
+      "map other=urn:o",
+      "<std:node|node|http://x.org/std name=drafting #1",
+      "<std:intval|intval|http://x.org/std std:kind=k other:kind=o #2",
+      "</std:intval",
+      "<plain|plain| name=p #1",
+      "</plain",
+      "</std:node",
+      "unmap other",
+      "unmap std",
+      "end-doc"};
+  EXPECT_EQ(rec.events, expected);
+  EXPECT_TRUE(rec.fatals.empty());
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(SAXReader, TextCdataAndReferencesAllReachCharactersUntrimmed) {
+  ZOLTestReports reports;
+  Recorder rec;
+  EXPECT_EQ(ParseText("<a> x &amp; <![CDATA[<y>]]>&#65;&lt;\n </a>", rec), S_OK);
+  EXPECT_EQ(rec.text, " x & <y>A<\n ");
+  EXPECT_EQ(std::count(rec.events.begin(), rec.events.end(), "ignorable"), 0);
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(SAXReader, AttributeValuesArriveDecoded) {
+  Recorder rec;
+  EXPECT_EQ(ParseText("<a name=\"x &amp; &#66; &lt;\"/>", rec), S_OK);
+  ASSERT_GE(rec.events.size(), 2u);
+  EXPECT_EQ(rec.events[1], "<a|a| name=x & B < #1");
+}
+
+TEST(SAXReader, HandlerExceptionStopsTheParseAndReachesTheCaller) {
+  ZOLTestReports reports;
+  Recorder rec;
+  rec.throwAt = "b";
+  EXPECT_THROW(ParseText("<r><a/><b/><c/></r>", rec), std::runtime_error);
+  // Nothing after the throwing element was handed on.
+  EXPECT_EQ(std::count(rec.events.begin(), rec.events.end(), std::string("<c|c| #0")), 0);
+  EXPECT_EQ(std::count(rec.events.begin(), rec.events.end(), std::string("end-doc")), 0);
+  // The reader is usable again afterwards.
+  Recorder again;
+  EXPECT_EQ(ParseText("<r/>", again), S_OK);
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(SAXReader, HandlerResultOtherThanZeroStopsWithFailure) {
+  Recorder rec;
+  rec.stopAt = "b";
+  EXPECT_EQ(ParseText("<r><a/><b/><c/></r>", rec), E_FAIL);
+  EXPECT_EQ(std::count(rec.events.begin(), rec.events.end(), std::string("end-doc")), 0);
+}
+
+TEST(SAXReader, MalformedInputGivesFatalErrorWithPositionAndFails) {
+  ZOLTestReports reports;
+  Recorder rec;
+  EXPECT_EQ(ParseText("<r>\n<a></b></r>", rec), E_FAIL);
+  ASSERT_FALSE(rec.fatals.empty());
+  EXPECT_EQ(rec.fatals[0].line, 2);
+  EXPECT_EQ(rec.fatals[0].systemId, "fileID");
+  EXPECT_FALSE(rec.fatals[0].message.empty());
+  for (const char* bad : {"", "<r>", "<r><a>text", "not xml", "<r>\xff\xfe</r>", "<p:r/>", "<r/><r/>"}) {
+    Recorder r2;
+    EXPECT_EQ(ParseText(bad, r2), E_FAIL) << bad;
+    EXPECT_FALSE(r2.fatals.empty()) << bad;
+  }
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(SAXReader, DeclaredEntitiesAreNeverExpandedNorLoaded) {
+  std::string secret = TempPath("secret.txt");
+  { std::ofstream(secret) << "SECRET"; }
+  Recorder ext;
+  EXPECT_EQ(ParseText("<!DOCTYPE r [<!ENTITY e SYSTEM \"file://" + secret + "\">]><r>&e;</r>", ext), E_FAIL);
+  EXPECT_EQ(ext.text.find("SECRET"), std::string::npos);
+  std::remove(secret.c_str());
+
+  std::string bomb = "<!DOCTYPE r [<!ENTITY a \"aaaaaaaaaa\">";
+  for (char c = 'b'; c <= 'j'; ++c)
+    bomb += std::string("<!ENTITY ") + c + " \"" + std::string(10, '&') + "\">";
+  bomb += "]><r>&j;</r>";
+  Recorder bombRec;
+  EXPECT_EQ(ParseText(bomb, bombRec), E_FAIL);
+  EXPECT_LT(bombRec.text.size(), 100u);
+}
+
+TEST(SAXReader, HundredThousandLevelsDeepParseWithoutExhaustingTheStack) {
+  const int depth = 100000;
+  std::string doc;
+  doc.reserve(depth * 8);
+  for (int i = 0; i < depth; ++i) doc += "<a>";
+  for (int i = 0; i < depth; ++i) doc += "</a>";
+  Recorder rec;
+  EXPECT_EQ(ParseText(doc, rec), S_OK);
+  EXPECT_EQ(rec.maxDepth, depth);
+  EXPECT_EQ(rec.depth, 0);
+}
+
+TEST(SAXReader, FileIsReadInChunksWithTextAcrossChunkBoundaries) {
+  std::string path = TempPath("big.xml");
+  std::string expected;
+  {
+    std::ofstream out(path, std::ios::binary);
+    out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?><r>";
+    for (int i = 0; i < 20000; ++i) {
+      std::string t = "v" + std::to_string(i) + " \xc3\xa9 ";
+      out << "<s>" << t << "</s>";
+      expected += t;
+    }
+    out << "</r>";
+  }
+  Recorder rec;
+  EXPECT_EQ(ParseFile(path, rec), S_OK);
+  EXPECT_EQ(rec.text, expected);
+  std::remove(path.c_str());
+}
+
+TEST(SAXReader, MissingFileGivesFatalErrorAndFailure) {
+  ZOLTestReports reports;
+  Recorder rec;
+  EXPECT_EQ(ParseFile("/nonexistent/dir/std.xml", rec), E_FAIL);
+  ASSERT_EQ(rec.fatals.size(), 1u);
+  EXPECT_NE(rec.fatals[0].message.find("/nonexistent/dir/std.xml"), std::string::npos);
+  EXPECT_TRUE(rec.events.empty());
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(SAXReader, SchemaValidationCanOnlyBeSwitchedOff) {
+  std::unique_ptr<ZOLIXMLSAX2Factory> factory;
+  ASSERT_EQ(CreateZOLIXMLSAX2Factory(factory), S_OK);
+  std::unique_ptr<ZOLISAXXMLReader> reader;
+  ASSERT_EQ(factory->CreateReader(reader), S_OK);
+  EXPECT_EQ(reader->SetFeature(ZOLSAXFeatureSchemaValidation, false), S_OK);
+  EXPECT_EQ(reader->SetFeature(ZOLSAXFeatureSchemaValidation, true), E_NOTIMPL);
+  EXPECT_EQ(reader->SetFeature("http://xml.org/sax/features/validation", true), E_NOTIMPL);
+}
+
+TEST(SAXReader, ParsesWithoutHandlers) {
+  std::unique_ptr<ZOLIXMLSAX2Factory> factory;
+  ASSERT_EQ(CreateZOLIXMLSAX2Factory(factory), S_OK);
+  std::unique_ptr<ZOLIXMLInputSource> source;
+  factory->CreateInputSourceFromText("<r><a/></r>", "t", source);
+  std::unique_ptr<ZOLISAXXMLReader> reader;
+  factory->CreateReader(reader);
+  EXPECT_EQ(reader->Parse(*source), S_OK);
+  factory->CreateInputSourceFromText("<r><a></r>", "t", source);
+  EXPECT_EQ(reader->Parse(*source), E_FAIL);
+}
