@@ -1,0 +1,307 @@
+// The upgrade driver: decodes a standard file, tells its parent and level, and walks the chain.
+#include "ZOLDrwParseStandard.h"
+
+#include <string>
+#include <string_view>
+
+#include "ZOLAnnStandardXMLNode.h"
+#include "ZOLAnnStandardXMLParser.h"
+#include "ZOLDftStdPersistence.h"
+#include "ZOLDrwParseParameter.h"
+#include "ZOLRefCounted.h"
+#include "ZOLSysLog.h"
+#include "migration/ZOLDrwMigration.h"
+
+const int ZOLDrwParseStandard::ANSI = 1;
+const int ZOLDrwParseStandard::ASME = 2;
+const int ZOLDrwParseStandard::ISO = 4;
+const int ZOLDrwParseStandard::JIS = 8;
+
+namespace {
+
+// The parent text as a flag, in the order ISO, JIS, ASME, ANSI; 0 for any other text.
+int ParentFlagOf(const ZOLUnicodeString& parent) {
+  if (parent == "ISO") return ZOLDrwParseStandard::ISO;
+  if (parent == "JIS") return ZOLDrwParseStandard::JIS;
+  if (parent == "ASME") return ZOLDrwParseStandard::ASME;
+  if (parent == "ANSI") return ZOLDrwParseStandard::ANSI;
+  return 0;
+}
+
+void AppendParts(ZOLUnicodeString& out, const char* a, const char* b, const char* c, int newline) {
+  for (const char* part : {a, b, c})
+    if (part) out += std::string_view(part);
+  if (newline) out += std::string_view("\n");
+}
+
+void InsertParts(ZOLUnicodeString& out, int position, const char* a, const char* b, const char* c, int newline) {
+  if (position < 0 || position > out.GetLengthInChar()) return;
+  ZOLUnicodeString text;
+  AppendParts(text, a, b, c, newline);
+  if (!text.IsEmpty()) out.Insert(position, text);
+}
+
+// Applies one of the shared "in all styles" operations to every style of a family.
+template <typename Add>
+HRESULT ForAllStyles(ZOLAnnStandardXMLParser* parser, const char* stylePath, const char* suffix, Add add) {
+  if (!parser || !stylePath) return E_FAIL;
+  ZOLRef<ZOLAnnStandardXMLNode> family = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(parser->GetNodeWithPath(stylePath));
+  if (!family || family->GetNumOfNode() == 0) return E_FAIL;
+  // Names first: an edit may add to the family itself and move the vector under the walk.
+  std::vector<ZOLUnicodeString> names;
+  names.reserve(family->SubNodes().size());
+  for (const ZOLAnnStandardXMLNode* style : family->SubNodes()) names.push_back(style->Name());
+  for (const ZOLUnicodeString& name : names) {
+    ZOLUnicodeString text(stylePath);
+    text += std::string_view(".");
+    text += name;
+    text += std::string_view(suffix ? suffix : "");
+    add(text);
+  }
+  return S_OK;
+}
+
+}  // namespace
+
+int ZOLDrwMigrationContext::ParentFlag() const { return ParentFlagOf(_driver._ParentStandard); }
+
+void UpdateVersionNode(ZOLAnnStandardXMLParser* parser, const char* oldText, const char* newText) {
+  if (!parser || !oldText || !newText) {
+    ZOLAssertPointer("");
+    return;
+  }
+  ZOLRef<ZOLAnnStandardXMLNode> node = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(
+      parser->GetNodeWithPath(ZOLUnicodeString("Root.") + ZOLDftStdPersistence::GetVersionNodePath()));
+  if (!node) {
+    ZOLAssertPointer("");
+    return;
+  }
+  if (node->GetNumOfNode() != 0 || node->GetNumOfValue() != 1) {
+    ZOLAssertBool("");
+    return;
+  }
+  ZOLAnnStandardXMLValue* value = node->Values()[0];
+  if (!value) {
+    ZOLAssertPointer("");
+    return;
+  }
+  if (value->GetType() != ZOLAnnStandardXMLValue::IntValue || !(value->Value() == oldText)) {
+    ZOLAssertBool("");
+    return;
+  }
+  value->SetValue(newText);
+}
+
+HRESULT AddValueInAllStyles(ZOLAnnStandardXMLParser* parser, const char* stylePath, const char* suffix, int flag) {
+  return ForAllStyles(parser, stylePath, suffix, [&](const ZOLUnicodeString& text) { parser->AddValueWithPath(text, flag); });
+}
+
+HRESULT AddNodeInAllStyles(ZOLAnnStandardXMLParser* parser, const char* stylePath, const char* suffix, int flag) {
+  return ForAllStyles(parser, stylePath, suffix, [&](const ZOLUnicodeString& text) { parser->AddNodeWithPath(text, flag); });
+}
+
+ZOLDrwParseStandard::ZOLDrwParseStandard(ZOLUnicodeString& fileName)
+    : ZOLDrwParseStandard(fileName, ZOLDrwShippedStages().data(), static_cast<int>(ZOLDrwShippedStages().size())) {}
+
+ZOLDrwParseStandard::ZOLDrwParseStandard(ZOLUnicodeString& fileName, const ZOLDrwMigrationStage* stages, int count)
+    : _FileName(fileName), _Stages(stages), _StageCount(stages ? count : 0) {}
+
+ZOLDrwParseStandard::~ZOLDrwParseStandard() {
+  for (ZOLDrwParseParameter* parameter : _Parameters) delete parameter;
+  _Parameters.clear();
+  delete _Parser;
+  _Parser = nullptr;
+}
+
+int ZOLDrwParseStandard::DecodeTree(ZOLAnnStandardXMLParser& parser) { return parser.DecodeXML(_FileName, 1); }
+
+void ZOLDrwParseStandard::Decode() {
+  if (_Decoded || _FileName.IsEmpty()) return;
+  if (_Parser) {
+    ZOLAssertBool("");
+    return;
+  }
+  _Parser = new ZOLAnnStandardXMLParser();
+  // A file that does not decode still counts as decoded: its empty tree tells level and parent.
+  DecodeTree(*_Parser);
+  _Decoded = 1;
+  _Version = _Parser->GetVersion();
+  _ParentStandard = "ISO";
+  // Replaced unconditionally: a file without the node ends with an empty parent, not "ISO".
+  _ParentStandard = _Parser->GetValueWithPath("Root.Dimension.ParentStandard");
+  if (_ParentStandard == "ANSI") {
+    // ASME is stored as ANSI with datum mode 1.
+    ZOLUnicodeString mode = _Parser->GetValueWithPath("Root.Dimension.TXTDatumMode");
+    if (mode == "1")
+      _ParentStandard = "ASME";
+    else if (!(mode == "2"))
+      ZOLAssertMessage("Invalid TXTDatumMode value! Can't determine parent standard");
+  }
+}
+
+ZOLUnicodeString ZOLDrwParseStandard::GetParentStandard() { return _ParentStandard; }
+
+int ZOLDrwParseStandard::GetVersion() { return _Version; }
+
+int ZOLDrwParseStandard::GetCurrentVersion() { return ZOLDftStdPersistence::GetCurrentVersion(); }
+
+std::vector<ZOLDrwParseStandard::StageInfo> ZOLDrwParseStandard::GetStages() {
+  std::vector<StageInfo> stages;
+  int n = 0;
+  for (const ZOLDrwMigrationStage& s : ZOLDrwShippedStages())
+    stages.push_back({++n, s.from, s.to, s.kind == ZOLDrwMigrationStage::BuildsTreeFromFlatText, s.name, s.step != nullptr});
+  return stages;
+}
+
+int ZOLDrwParseStandard::GetParentStandardId() {
+  int id = ParentFlagOf(_ParentStandard);
+  if (id == 0) ZOLAssertMessage("Unknown parent standard!!");
+  return id;
+}
+
+ZOLDrwParseParameter* ZOLDrwParseStandard::GetParameter(const ZOLUnicodeString& keyword) {
+  if (keyword.IsEmpty()) return nullptr;
+  for (ZOLDrwParseParameter* parameter : _Parameters)
+    if (parameter && parameter->Keyword() == keyword) return parameter;
+  return nullptr;
+}
+
+void ZOLDrwParseStandard::Encode(const char* directory, ZOLUnicodeString& outputPath,
+                                 ZOLDrwParseStandardUpgradeOptions& options) {
+  outputPath = "";
+  CreateOutput(directory, outputPath);
+  EncodeToVersion(-1, options, outputPath.ConvertToChar());
+}
+
+void ZOLDrwParseStandard::CreateOutput(const char* directory, ZOLUnicodeString& outputPath) {
+  outputPath = "";
+  if (!_Decoded || _FileName.IsEmpty()) return;
+  std::string_view file = _FileName;
+  size_t slash = file.find_last_of("/\\");
+  std::string_view name = slash == std::string_view::npos ? file : file.substr(slash + 1);
+  name = name.substr(0, name.find(".xml"));
+  std::string out = directory ? directory : ".";
+  // The backslash is kept: the migration tools that call Encode split the path on it.
+  out += '\\';
+  out += name;
+  out += ".xml";
+  outputPath = ZOLUnicodeString(std::move(out));
+}
+
+void ZOLDrwParseStandard::EncodeToVersion(int target, ZOLDrwParseStandardUpgradeOptions& options,
+                                          const char* outputPath) {
+  if (!_Decoded) return;
+  UpgradeVersion(target, options);
+  if (!_Parser) {
+    ZOLAssertPointer("");
+    return;
+  }
+  // A file written now would claim a level that the tree has not reached.
+  if (_Outcome.blockedStage != 0) return;
+  if (_Parser->SaveInFile(outputPath ? outputPath : "") < 0) {
+    ZOLAssertBool("Saved failed");
+    return;
+  }
+  _Outcome.saved = true;
+}
+
+void ZOLDrwParseStandard::UpgradeVersion(int target, ZOLDrwParseStandardUpgradeOptions& options) {
+  _Outcome = Outcome();
+  _Outcome.levelReached = _Version;
+  // The start level does not move while the pass runs.
+  const int start = _Version;
+  ZOLDrwMigrationContext context(*this, options);
+  for (int i = 0; i < _StageCount; ++i) {
+    const ZOLDrwMigrationStage& stage = _Stages[i];
+    const bool fromFlatText = stage.kind == ZOLDrwMigrationStage::BuildsTreeFromFlatText;
+    if (start > stage.from) continue;
+    if (!fromFlatText && target != -1 && target < stage.to) continue;
+    if (fromFlatText && _Parser) {
+      // A decoded tree of level 0 or -1 is never rebuilt from flat text; the pass ends here.
+      ZOLAssertBool("");
+      _Outcome.stoppedByGuard = true;
+      return;
+    }
+    if (!stage.step) {
+      ZOLAssertMessage("Upgrade step not built yet");
+      _Outcome.blockedStage = i + 1;
+      _Outcome.blockedFrom = stage.from;
+      _Outcome.blockedTo = stage.to;
+      _Outcome.blockedStep = stage.name;
+      return;
+    }
+    stage.step(context);
+    ++_Outcome.stagesRun;
+    _Outcome.levelReached = stage.to;
+    if (fromFlatText && !_Parser) {
+      ZOLAssertPointer("");
+      _Outcome.stoppedByGuard = true;
+      return;
+    }
+  }
+}
+
+int ZOLDrwParseStandard::ChangeStyleValue(const char* stylePath, const char* valuePath, int parentMask,
+                                          ZOLAnnStandardXMLValue::Type type, const char* oldValue,
+                                          const char* newValue) {
+  if (!_Parser || !stylePath || !valuePath || !oldValue || !newValue || parentMask == 0) {
+    ZOLAssertBool("");
+    return 0;
+  }
+  const int id = GetParentStandardId();
+  if (id == 0) return 0;
+  if ((parentMask & id) == 0) return 1;
+  ZOLRef<ZOLAnnStandardXMLNode> family = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(_Parser->GetNodeWithPath(stylePath));
+  if (!family) {
+    ZOLAssertPointer("");
+    return 0;
+  }
+  if (family->GetNumOfNode() < 1) {
+    ZOLAssertBool("");
+    return 0;
+  }
+  const std::string_view expected(oldValue);
+  for (ZOLAnnStandardXMLNode* style : family->SubNodes()) {
+    ZOLAnnStandardXMLNode* node = style->FindNodeWithPath(valuePath, 1);
+    if (!node) {
+      ZOLAssertPointer("");
+      return 0;
+    }
+    ZOLAnnStandardXMLValue* value = node->GetNumOfNode() == 0 && node->GetNumOfValue() == 1 ? node->Values()[0] : nullptr;
+    // A customer's edit of any one style stops the change there; styles before it stay changed.
+    if (!value || value->GetType() != type || !(value->Value() == expected)) {
+      ZOLAssertBool("");
+      return 0;
+    }
+    value->SetValue(newValue);
+  }
+  return 1;
+}
+
+void ZOLDrwParseStandard::AddOutputLine(ZOLUnicodeString& out, const ZOLUnicodeString& line, int newline) {
+  if (line.GetLengthInChar() > 0) out += line;
+  if (newline) out += std::string_view("\n");
+}
+
+void ZOLDrwParseStandard::AddOutputLine(ZOLUnicodeString& out, const char* line, int newline) {
+  AppendParts(out, line, nullptr, nullptr, newline);
+}
+
+void ZOLDrwParseStandard::AddOutputLine(ZOLUnicodeString& out, const char* a, const char* b, const char* c,
+                                        int newline) {
+  AppendParts(out, a, b, c, newline);
+}
+
+void ZOLDrwParseStandard::InsertOutputLine(ZOLUnicodeString& out, int position, const ZOLUnicodeString& line,
+                                           int newline) {
+  InsertParts(out, position, line.ConvertToChar(), nullptr, nullptr, newline);
+}
+
+void ZOLDrwParseStandard::InsertOutputLine(ZOLUnicodeString& out, int position, const char* line, int newline) {
+  InsertParts(out, position, line, nullptr, nullptr, newline);
+}
+
+void ZOLDrwParseStandard::InsertOutputLine(ZOLUnicodeString& out, int position, const char* a, const char* b,
+                                           const char* c, int newline) {
+  InsertParts(out, position, a, b, c, newline);
+}

@@ -1,0 +1,46 @@
+// The chain of upgrade stages, oldest first. A stage runs when the start level is at most its
+// From level and the target is the current level or at least its To level.
+#include "ZOLDrwMigration.h"
+
+namespace {
+
+using S = ZOLDrwMigrationStage;
+
+// A null step is not built yet; its entry waits for the step of that release.
+constexpr ZOLDrwMigrationStage kStages[] = {
+    {0, 1, S::BuildsTreeFromFlatText, "EncodeFlatText", nullptr},
+    {1, 2, S::EditsTree, "Upgrade9To10", nullptr},
+    {2, 30, S::EditsTree, "Upgrade10To11", nullptr},
+    {30, 40, S::EditsTree, "Upgrade11To12", nullptr},
+    {40, 50, S::EditsTree, "Upgrade12To13", nullptr},
+    {50, 60, S::EditsTree, "Upgrade13To14", nullptr},
+    {60, 70, S::EditsTree, "Migrate14To15", nullptr},
+    {70, 80, S::EditsTree, "Migrate15To16n201", nullptr},
+    {80, 90, S::EditsTree, "Migrate16To17n1X", nullptr},
+    {90, 100, S::EditsTree, "Migrate17To18n1X1", nullptr},
+    {100, 110, S::EditsTree, "Migrate18To20n208", nullptr},
+    {110, 120, S::EditsTree, "Migrate20To21n209", nullptr},
+    {120, 130, S::EditsTree, "Migrate209To21n210", nullptr},
+    {130, 140, S::EditsTree, "Migrate210To21n211", nullptr},
+    {140, 150, S::EditsTree, "Migrate211To23n213", nullptr},
+    {150, 160, S::EditsTree, "Migrate213To23n214", nullptr},
+    {160, 170, S::EditsTree, "Migrate214To24n215", nullptr},
+    {170, 180, S::EditsTree, "Migrate215To24n216", nullptr},
+    {180, 190, S::EditsTree, "Migrate216To25n417", nullptr},
+    {190, 200, S::EditsTree, "Migrate417To27n419", nullptr},
+    {200, 210, S::EditsTree, "Migrate419To28n420", nullptr},
+    {210, 220, S::EditsTree, "Migrate420To29n421", nullptr},
+    {220, 230, S::EditsTree, "Migrate421To30n422", nullptr},
+    {230, 240, S::EditsTree, "Migrate422To31n423", nullptr},
+    {240, 250, S::EditsTree, "Migrate423To32n424", nullptr},
+    {250, 260, S::EditsTree, "Migrate424To33n425", nullptr},
+    {260, 270, S::EditsTree, "Migrate425To34n426", nullptr},
+    {270, 280, S::EditsTree, "Migrate426To35n427", nullptr},
+    {280, 290, S::EditsTree, "Migrate427To36n428", nullptr},
+};
+
+static_assert(std::size(kStages) == 29);
+
+}  // namespace
+
+std::span<const ZOLDrwMigrationStage> ZOLDrwShippedStages() { return kStages; }
