@@ -1,0 +1,103 @@
+// The qelstd apply verb, run as a user would.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <string>
+
+namespace {
+
+struct Result {
+  int status;
+  std::string out;
+};
+
+Result Qelstd(const std::string& args) {
+  std::string command = std::string(QELSTD_QELSTD_EXE) + " " + args + " 2>&1";
+  Result run{-1, {}};
+  FILE* pipe = popen(command.c_str(), "r");
+  if (!pipe) return run;
+  char buffer[4096];
+  for (size_t n; (n = fread(buffer, 1, sizeof buffer, pipe)) > 0;) run.out.append(buffer, n);
+  int raw = pclose(pipe);
+  run.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
+  return run;
+}
+
+std::string WriteEdits(const std::string& name, const std::string& text) {
+  std::string path = testing::TempDir() + name;
+  std::ofstream(path) << text;
+  return path;
+}
+
+}  // namespace
+
+TEST(QelstdApply, PrintsResultsOutlineAndVersion) {
+  if (std::string(QELSTD_QELSTD_EXE).empty()) GTEST_SKIP() << "qelstd is not built";
+  std::string path = WriteEdits("apply-ok.edits",
+                                "# sample\n"
+                                "node Enum:YesNo\n"
+                                "value Enum.YesNo::string:Yes\n"
+                                "\n"
+                                "node Root:Styles\n"
+                                "typeval Root.Styles:Sheet\n"
+                                "value@-1 Root.Styles.Sheet:Framed:enum.YesNo:Yes\n"
+                                "value Root.Styles:Scale:float.m.0.0:1.0\n"
+                                "value Root:Version:int:290\n");
+  Result run = Qelstd("apply " + path);
+  EXPECT_EQ(run.status, 0) << run.out;
+  EXPECT_EQ(run.out,
+            "2: 0  node Enum:YesNo\n"
+            "3: 0  value Enum.YesNo::string:Yes\n"
+            "5: 0  node Root:Styles\n"
+            "6: 0  typeval Root.Styles:Sheet\n"
+            "7: 0  value@-1 Root.Styles.Sheet:Framed:enum.YesNo:Yes\n"
+            "8: 0  value Root.Styles:Scale:float.m.0.0:1.0\n"
+            "9: 0  value Root:Version:int:290\n"
+            "\n"
+            "TypeDef\n"
+            "Enum\n"
+            "  enumdef \"YesNo\"\n"
+            "    strval = \"Yes\"\n"
+            "Root\n"
+            "  node \"Styles\"\n"
+            "    typeval \"Sheet\"\n"
+            "      enumval \"Framed\" = \"Yes\"\n"
+            "    node \"Scale\"\n"
+            "      floatval min \"0.0\" = \"1.0\"\n"
+            "  node \"Version\"\n"
+            "    intval = \"290\"\n"
+            "\n"
+            "version: 290\n");
+}
+
+TEST(QelstdApply, ShowsFailedLinesAndTheirReports) {
+  if (std::string(QELSTD_QELSTD_EXE).empty()) GTEST_SKIP() << "qelstd is not built";
+  std::string path = WriteEdits("apply-fail.edits", "node Root:a:x1\nnode Root:b:5\ndelete Root.zz\n");
+  Result run = Qelstd("apply " + path);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.out.find("1: 2  node Root:a:x1\n2: 0  node Root:b:5\n    report: >> ASSERTION FAILED BOOL IS FALSE:"),
+            std::string::npos)
+      << run.out;
+  EXPECT_NE(run.out.find("3: 1  delete Root.zz\n"), std::string::npos);
+  EXPECT_NE(run.out.find("\nversion: 1\n"), std::string::npos);
+}
+
+TEST(QelstdApply, UnknownOperationIsAUsageErrorNamingTheLine) {
+  if (std::string(QELSTD_QELSTD_EXE).empty()) GTEST_SKIP() << "qelstd is not built";
+  std::string path = WriteEdits("apply-bad.edits", "node Root:a\n\nrename Root.a:b\n");
+  Result run = Qelstd("apply " + path);
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.out, "qelstd: " + path + ": line 3: unknown operation 'rename'\n");
+  path = WriteEdits("apply-occ.edits", "node@2 Root:a\n");
+  run = Qelstd("apply " + path);
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.out, "qelstd: " + path + ": line 1: bad occurrence '@2' for node\n");
+}
+
+TEST(QelstdApply, MissingFileIsNotFound) {
+  if (std::string(QELSTD_QELSTD_EXE).empty()) GTEST_SKIP() << "qelstd is not built";
+  Result run = Qelstd("apply /nonexistent/x.edits");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "qelstd: /nonexistent/x.edits: No such file or directory\n");
+}

@@ -1,0 +1,412 @@
+// The edit-string language of the parser: cutting, start words, positions, types and forms.
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <string>
+
+#include "ZOLAnnStandardXMLNode.h"
+#include "ZOLAnnStandardXMLParser.h"
+#include "ZOLAnnStandardXMLValue.h"
+#include "ZOLRefCounted.h"
+#include "ZOLTestReports.h"
+
+namespace {
+
+using Node = ZOLAnnStandardXMLNode;
+using Value = ZOLAnnStandardXMLValue;
+
+// The node at a path, borrowed from the document (which keeps it alive).
+Node* At(ZOLAnnStandardXMLParser& doc, const char* path) {
+  auto ref = ZOLRef<Node>::Adopt(doc.GetNodeWithPath(path));
+  return ref.get();
+}
+
+std::string Names(const Node* node) {
+  std::string out;
+  for (auto* n : node->SubNodes()) out += (out.empty() ? "" : ",") + n->Name().str();
+  return out;
+}
+
+// Each value as type/name/text/rangeVal, joined by ";".
+std::string Describe(const Node* node) {
+  std::string out;
+  for (auto* v : node->Values())
+    out += (out.empty() ? "" : ";") + std::to_string(v->GetType()) + "/" + v->Name().str() + "/" + v->Value().str() +
+           "/" + std::to_string(v->GetRangeVal());
+  return out;
+}
+
+// Builds the nodes of each path below Root (plain), in order.
+void Plain(ZOLAnnStandardXMLParser& doc, std::initializer_list<const char*> editStrings) {
+  for (const char* s : editStrings) ASSERT_EQ(doc.AddNodeWithPath(s, 0), 0) << s;
+}
+
+}  // namespace
+
+TEST(EditString, UnknownStartWordOrNoColonReturnsOneAndChangesNothing) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  EXPECT_EQ(doc.AddNodeWithPath("Roots:Frames", 0), 1);
+  EXPECT_EQ(doc.AddNodeWithPath("root:Frames", 0), 1);  // with case
+  EXPECT_EQ(doc.AddNodeWithPath("Root", 0), 1);          // no ":": empty path
+  EXPECT_EQ(doc.AddNodeWithPath("", 0), 1);
+  EXPECT_EQ(doc.AddValueWithPath("Styles.Sheet:Scale:float:1.0", 1), 1);
+  EXPECT_EQ(doc.AddValueWithPath("Root", 1), 1);
+  EXPECT_EQ(doc.ChangeValueWithPath("Root.Version"), 1);
+  EXPECT_EQ(doc.ChangeValueWithPath("Foo.Version:3"), 1);
+  EXPECT_EQ(doc.DeleteNodeWithPath("Foo.Version"), 1);
+  EXPECT_EQ(doc.GetNodeWithPath("Foo"), nullptr);
+  EXPECT_EQ(doc.GetValueWithPath("Foo.Bar"), "");
+  EXPECT_EQ(doc.Root()->GetNumOfNode() + doc.EnumRoot()->GetNumOfNode() + doc.TypeDefRoot()->GetNumOfNode(), 0);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, AddNodeTypeComesFromTheWholePathField) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  EXPECT_EQ(doc.AddNodeWithPath("Enum:Frame", 1), 0);
+  EXPECT_EQ(doc.AddNodeWithPath("TypeDef:FrameDef:0", 0), 0);
+  EXPECT_EQ(doc.AddNodeWithPath("Enum.Frame:Inner", 0), 0);
+  EXPECT_EQ(doc.AddNodeWithPath("Enum.Frame:Record", 1), 0);
+  EXPECT_EQ(doc.AddNodeWithPath("Root:SheetFormat", 0), 0);
+  EXPECT_EQ(doc.AddNodeWithPath("Root.SheetFormat:Formats:0", 1), 0);
+  EXPECT_EQ(doc.AddNodeWithPath("Root.:Top", 0), 0);  // an empty rest is the root itself
+  EXPECT_EQ(At(doc, "Enum.Frame")->GetNodeType(), Node::EnumDefNode);
+  EXPECT_EQ(At(doc, "TypeDef.FrameDef")->GetNodeType(), Node::TypeDefNode);
+  EXPECT_EQ(At(doc, "Enum.Frame.Inner")->GetNodeType(), Node::PlainNode);
+  EXPECT_EQ(At(doc, "Enum.Frame.Record")->GetNodeType(), Node::TypeValNode);
+  EXPECT_EQ(At(doc, "Root.SheetFormat")->GetNodeType(), Node::PlainNode);
+  EXPECT_EQ(At(doc, "Root.SheetFormat.Formats")->GetNodeType(), Node::TypeValNode);
+  EXPECT_EQ(Names(doc.Root()), "SheetFormat,Top");
+  EXPECT_EQ(At(doc, "Root"), doc.Root());
+  EXPECT_EQ(doc.AddNodeWithPath("Root.Missing:X", 0), 1);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, NamesKeepBlanksCommasAndDots) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:Styles", "Root.Styles:Sheet", "Root.Styles.Sheet:A0 ISO:0"});
+  EXPECT_EQ(doc.AddValueWithPath("Root.Styles.Sheet:Title:string:Lines, corners and arrows. Done", 1), 0);
+  EXPECT_EQ(Names(At(doc, "Root.Styles.Sheet")), "A0 ISO,Title");
+  EXPECT_EQ(doc.GetValueWithPath("Root.Styles.Sheet.Title"), "Lines, corners and arrows. Done");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, PositionIsOneBasedAndReadsALeadingInteger) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:a", "Root:b", "Root:c"});
+  EXPECT_EQ(doc.AddNodeWithPath("Root:first:1", 0), 0);
+  EXPECT_EQ(doc.AddNodeWithPath("Root:second:2,", 0), 0);  // "2," is 2
+  EXPECT_EQ(doc.AddNodeWithPath("Root:third: 3", 0), 0);
+  EXPECT_EQ(doc.AddNodeWithPath("Root:zero:0,", 0), 0);    // 0 appends
+  EXPECT_EQ(doc.AddNodeWithPath("Root:minus:-4", 0), 0);
+  EXPECT_EQ(doc.AddNodeWithPath("Root:empty:", 0), 0);
+  EXPECT_EQ(Names(doc.Root()), "first,second,third,a,b,c,zero,minus,empty");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, PositionBeyondSizeIsRefusedButReturnsZero) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:a", "Root:b"});
+  EXPECT_EQ(doc.AddNodeWithPath("Root:x:3", 0), 0);  // size + 1 does not append
+  EXPECT_EQ(doc.AddNodeWithPath("Root:y:22,", 0), 0);
+  EXPECT_EQ(Names(doc.Root()), "a,b");
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 2);
+  EXPECT_EQ(r.Count(), 2);
+}
+
+TEST(EditString, PositionWithoutLeadingIntegerReturnsTwoAndChangesNothing) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:a", "Root.a:p"});
+  EXPECT_EQ(doc.AddNodeWithPath("Root:x:x1", 0), 2);
+  EXPECT_EQ(doc.AddNodeWithPath("Root:x:,", 0), 2);
+  EXPECT_EQ(doc.AddValueWithPath("Root.a:Size:int:3:x1", 1), 2);
+  EXPECT_EQ(doc.AddValueWithPath("Root.a.p:Size:int:3:x1", -1), 2);
+  EXPECT_EQ(Names(doc.Root()), "a");
+  EXPECT_EQ(Names(At(doc, "Root.a")), "p");
+  EXPECT_EQ(At(doc, "Root.a")->GetNumOfValue(), 0);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, LastKnownFieldTakesWhatRemainsColonsIncluded) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:a"});
+  EXPECT_EQ(doc.AddNodeWithPath("Root:x:1:junk", 0), 0);  // position "1:junk" reads as 1
+  EXPECT_EQ(Names(doc.Root()), "x,a");
+  EXPECT_EQ(doc.AddNodeWithPath("Root:y:junk:1", 0), 2);
+  EXPECT_EQ(r.Count(), 0);
+  // A value holds a ":" only when nothing the form needs follows it: "30" is a position here.
+  EXPECT_EQ(doc.AddValueWithPath("Root.a:Time:string:12:30", 1), 0);
+  EXPECT_EQ(r.Count(), 1);
+  EXPECT_EQ(doc.AddValueWithPath("Root.a:Time:string:12:0:30", 1), 0);
+  EXPECT_EQ(doc.GetValueWithPath("Root.a.Time"), "12");
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(EditString, EmptyFieldsAreAllowedAnywhere) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  ASSERT_EQ(doc.AddNodeWithPath("Enum:Frame", 0), 0);
+  EXPECT_EQ(doc.AddValueWithPath("Enum.Frame::string:Circle:0", 1), 0);
+  Plain(doc, {"Root:Font"});
+  EXPECT_EQ(doc.AddValueWithPath("Root.Font:Name:string::0", 1), 0);
+  EXPECT_EQ(Describe(At(doc, "Enum.Frame")), "3//Circle/0");
+  EXPECT_EQ(Describe(At(doc, "Root.Font.Name")), "3///0");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, TooFewColonsLeaveNameTypeAndValueEmpty) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:a"});
+  // Name, type and value stay empty: the empty type raises the type report.
+  EXPECT_EQ(doc.AddValueWithPath("Root.a:Size", 1), 0);
+  EXPECT_EQ(Names(At(doc, "Root.a")), "");
+  EXPECT_EQ(Describe(At(doc, "Root.a")->SubNodes()[0]), "3///0");
+  EXPECT_EQ(r.CountContaining("Failed to find value type"), 1);
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(EditString, TypeFieldKindsInTheDirectForm) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:S"});
+  ASSERT_EQ(doc.AddNodeWithPath("Root.S:R", 1), 0);
+  for (const char* s : {"Root.S.R:I:int:1", "Root.S.R:F:float:1.5", "Root.S.R:T:string:x", "Root.S.R:C:color:0 39 64",
+                        "Root.S.R:E:enum.YesNo:Yes", "Root.S.R:B:float.m.0.0:1.0", "Root.S.R:M:float.m:2.0",
+                        "Root.S.R:O:other.thing:z"})
+    EXPECT_EQ(doc.AddValueWithPath(s, 1), 0) << s;
+  // On a record the side text (enumeration, bound) is dropped; the range flag stays.
+  EXPECT_EQ(Describe(At(doc, "Root.S.R")),
+            "1/I/1/0;2/F/1.5/0;3/T/x/0;5/C/0 39 64/0;4/E/Yes/0;2/B/1.0/1;2/M/2.0/1;3/O/z/0");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, TypeFieldSideTextInTheParameterForm) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:Styles", "Root.Styles:Sheet", "Root.Styles.Sheet:Default"});
+  EXPECT_EQ(doc.AddValueWithPath("Root.Styles.Sheet.Default:GlobalScale:float.m.0.0:1.0:0", 1), 0);
+  EXPECT_EQ(doc.AddValueWithPath("Root.Styles.Sheet.Default:ViewScaleDependant:enum.YesNo:Yes:0", 1), 0);
+  EXPECT_EQ(doc.AddValueWithPath("Root.Styles.Sheet.Default:Bound:float.m:2.0", 1), 0);
+  Node* def = At(doc, "Root.Styles.Sheet.Default");
+  EXPECT_EQ(Names(def), "GlobalScale,ViewScaleDependant,Bound");
+  EXPECT_EQ(def->GetNumOfValue(), 0);
+  EXPECT_EQ(def->SubNodes()[0]->GetNodeType(), Node::PlainNode);
+  EXPECT_EQ(Describe(def->SubNodes()[0]), "2/0.0/1.0/1");
+  EXPECT_EQ(Describe(def->SubNodes()[1]), "4/YesNo/Yes/0");
+  EXPECT_EQ(Describe(def->SubNodes()[2]), "2/float.m/2.0/1");  // no further ".": the whole field
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, UnknownTypeWithoutDotIsReportedAndStoredAsString) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:S"});
+  EXPECT_EQ(doc.AddValueWithPath("Root.S:Flag:bool:true", 1), 0);
+  EXPECT_EQ(Describe(At(doc, "Root.S.Flag")), "3//true/0");
+  ASSERT_EQ(r.Count(), 1);
+  EXPECT_TRUE(std::regex_match(
+      r.Lines()[0],
+      std::regex(R"(>> ASSERTION FAILED : Failed to find value type, str has been  \[File: ZOLAnnStandardXMLParser\.cpp:[ 0-9]{4}\]\.<<\n)")))
+      << r.Lines()[0];
+  // The type is read before the position: the report comes even when the position then fails.
+  r.Clear();
+  EXPECT_EQ(doc.AddValueWithPath("Root.S:Flag2:bool:true:x", 1), 2);
+  EXPECT_EQ(r.Count(), 1);
+  EXPECT_EQ(Names(At(doc, "Root.S")), "Flag");
+}
+
+TEST(EditString, AddValueOnAnUnknownPlaceReturnsOneWithoutReport) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:S"});
+  EXPECT_EQ(doc.AddValueWithPath("Root.Missing:Flag:bool:true", 1), 1);
+  EXPECT_EQ(doc.AddValueWithPath("Root.S.Missing:Flag:int:1", 1), 1);
+  EXPECT_EQ(doc.AddValueWithPath("Enum.Missing::string:x", 1), 1);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, ParameterFormOnlyUnderRootOnNonRecordsWithoutOccurrenceMinusOne) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:StandardMode", "Root:P"});
+  ASSERT_EQ(doc.AddNodeWithPath("Enum:Frame", 0), 0);
+  ASSERT_EQ(doc.AddNodeWithPath("TypeDef:FrameDef", 0), 0);
+  EXPECT_EQ(doc.AddValueWithPath("Root:Mode:string:Default:2", 1), 0);  // the root itself, parameter form
+  EXPECT_EQ(Names(doc.Root()), "StandardMode,Mode,P");
+  EXPECT_EQ(doc.AddValueWithPath("Root.P:Size:int:3", -1), 0);  // -1: last sub-node of Root, direct form
+  EXPECT_EQ(Describe(At(doc, "Root.P")), "1/Size/3/0");
+  EXPECT_EQ(doc.AddValueWithPath("Enum.Frame:Ignored:string:Circle", 1), 0);
+  EXPECT_EQ(doc.AddValueWithPath("TypeDef.FrameDef:Type:int:0:0", 1), 0);
+  EXPECT_EQ(Describe(At(doc, "Enum.Frame")), "3/Ignored/Circle/0");
+  EXPECT_EQ(Describe(At(doc, "TypeDef.FrameDef")), "1/Type/0/0");
+  EXPECT_EQ(doc.AddValueWithPath("Enum:Lonely:string:x", 1), 0);  // the Enum root itself: direct
+  EXPECT_EQ(Describe(doc.EnumRoot()), "3/Lonely/x/0");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, EnumerationStringPositionIsRefusedBeyondItsSize) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  ASSERT_EQ(doc.AddNodeWithPath("Enum:Frame", 0), 0);
+  for (const char* s : {"Circle", "Square"}) ASSERT_EQ(doc.AddValueWithPath(std::string("Enum.Frame::string:") + s, 1), 0);
+  EXPECT_EQ(doc.AddValueWithPath("Enum.Frame::string:Parallelogram:22,", 1), 0);
+  EXPECT_EQ(r.Count(), 1);
+  EXPECT_EQ(doc.AddValueWithPath("Enum.Frame::string:Oval:2,", 1), 0);
+  EXPECT_EQ(Describe(At(doc, "Enum.Frame")), "3//Circle/0;3//Oval/0;3//Square/0");
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(EditString, OccurrenceReachesTheRecordJustAppended) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:SheetFormat"});
+  for (int i = 0; i < 2; ++i) {
+    ASSERT_EQ(doc.AddNodeWithPath("Root.SheetFormat:Formats:0", 1), 0);
+    EXPECT_EQ(doc.AddValueWithPath("Root.SheetFormat.Formats:Width:float:" + std::to_string(1189 - i) + ":0,", -1), 0);
+  }
+  ASSERT_EQ(doc.AddNodeWithPath("Root.SheetFormat:Other", 0), 0);
+  EXPECT_EQ(doc.AddValueWithPath("Root.SheetFormat.Formats:Height:int:841", 2), 0);  // the 2nd sub-node
+  EXPECT_EQ(doc.AddValueWithPath("Root.SheetFormat.Formats:Name:string:A0", 1), 0);  // the first by name
+  EXPECT_EQ(doc.AddValueWithPath("Root.SheetFormat.Formats:Last:int:1", 0), 0);      // the last, whatever its name
+  Node* sheet = At(doc, "Root.SheetFormat");
+  EXPECT_EQ(Describe(sheet->SubNodes()[0]), "2/Width/1189/0;3/Name/A0/0");
+  EXPECT_EQ(Describe(sheet->SubNodes()[1]), "2/Width/1188/0;1/Height/841/0");
+  EXPECT_EQ(Names(sheet->SubNodes()[2]), "Last");  // a plain node: parameter form
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, ArrayOfUnnamedValuesWithOccurrenceMinusOne) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:LineTypes", "Root.LineTypes:LineType16", "Root.LineTypes.LineType16:Segment"});
+  for (const char* s : {"1.0", "0.5", "2.0"})
+    EXPECT_EQ(doc.AddValueWithPath(std::string("Root.LineTypes.LineType16.Segment::float:") + s + ":0,", -1), 0);
+  EXPECT_EQ(Describe(At(doc, "Root.LineTypes.LineType16.Segment")), "2//1.0/0;2//0.5/0;2//2.0/0");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, ForAllOccurrenceVisitsEveryNamesakeAndSwitchesToDirectFormForGood) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:Styles", "Root.Styles:Sheet"});
+  ASSERT_EQ(doc.AddNodeWithPath("Root.Styles:Sheet", 1), 0);
+  Plain(doc, {"Root.Styles:Other", "Root.Styles:Sheet"});
+  EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.Styles.Sheet:Scale:float:1.0", 1), 0);
+  Node* styles = At(doc, "Root.Styles");
+  EXPECT_EQ(Names(styles->SubNodes()[0]), "Scale");  // plain: parameter form
+  EXPECT_EQ(Describe(styles->SubNodes()[1]), "2/Scale/1.0/0");  // record: direct form
+  EXPECT_EQ(styles->GetNumOfValue() + styles->SubNodes()[2]->GetNumOfValue() + styles->SubNodes()[2]->GetNumOfNode(), 0);
+  EXPECT_EQ(Describe(styles->SubNodes()[3]), "2/Scale/1.0/0");  // plain, but after a record
+  EXPECT_EQ(r.Count(), 0);
+  // The type is read once per matching node.
+  EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.Styles.Sheet:Flag:bool:1", 1), 0);
+  EXPECT_EQ(r.Count(), 3);
+}
+
+TEST(EditString, ForAllOccurrenceResults) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:Styles", "Root.Styles:Sheet", "Root:Other"});
+  EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.Styles.Nothing:Scale:float:1.0", 1), 1);
+  EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.Missing.Sheet:Scale:float:1.0", 1), 1);
+  EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Enum.Styles.Sheet:Scale:float:1.0", 1), 1);
+  EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root:Scale:float:1.0", 1), 1);
+  EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.Styles.Sheet:Scale:float:1.0:x", 1), 2);
+  EXPECT_EQ(At(doc, "Root.Styles.Sheet")->GetNumOfNode(), 0);
+  EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.Styles.Sheet:Scale:float:1.0", -1), 1);  // -1: last sub-node of Root
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, ForAllOccurrenceParentPathFallsShortBelowTwoLevels) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:A", "Root.A:X", "Root.A:B", "Root.A.B:C", "Root.A.B:C"});
+  // "A.B.C" looks the parent up as "A.": with occurrence 1 it finds no node named "".
+  EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.A.B.C:v:int:1", 1), 1);
+  EXPECT_EQ(At(doc, "Root.A.B.C")->GetNumOfNode(), 0);
+  // With occurrence 2 the short path takes the second sub-node of A, which happens to be B.
+  EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.A.B.C:v:int:1", 2), 0);
+  Node* b = At(doc, "Root.A.B");
+  EXPECT_EQ(Names(b->SubNodes()[0]), "v");
+  EXPECT_EQ(Names(b->SubNodes()[1]), "v");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, ChangeValueSetsTheSingleValueOrTheNamedField) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:Dimension", "Root:EngineeringSymbols"});
+  ASSERT_EQ(doc.AddValueWithPath("Root.Dimension:CUMLTxtDecalY:float:0.0", 1), 0);
+  ASSERT_EQ(doc.AddNodeWithPath("Root.EngineeringSymbols:EngineeringSymbol", 1), 0);
+  ASSERT_EQ(doc.AddValueWithPath("Root.EngineeringSymbols.EngineeringSymbol:Charcode:int:40", -1), 0);
+  ASSERT_EQ(doc.AddValueWithPath("Root.EngineeringSymbols.EngineeringSymbol:Font:string:Arial", -1), 0);
+  EXPECT_EQ(doc.ChangeValueWithPath("Root.Dimension.CUMLTxtDecalY:0.5"), 0);
+  EXPECT_EQ(doc.GetValueWithPath("Root.Dimension.CUMLTxtDecalY"), "0.5");
+  EXPECT_EQ(doc.ChangeValueWithPath("Root.Dimension.CUMLTxtDecalY:1:2"), 0);  // cut at the first ":" only
+  EXPECT_EQ(doc.GetValueWithPath("Root.Dimension.CUMLTxtDecalY"), "1:2");
+  EXPECT_EQ(doc.ChangeValueWithPath("Root.EngineeringSymbols.EngineeringSymbol:Charcode:42"), 0);
+  EXPECT_EQ(Describe(At(doc, "Root.EngineeringSymbols.EngineeringSymbol")), "1/Charcode/42/0;3/Font/Arial/0");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, ChangeValueRefusalsStillReturnZero) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:Dimension", "Root.Dimension:Sub", "Root:Rec"});
+  ASSERT_EQ(doc.AddValueWithPath("Root.Rec:A:int:1", -1), 0);
+  ASSERT_EQ(doc.AddValueWithPath("Root.Rec:B:int:2", -1), 0);
+  EXPECT_EQ(doc.ChangeValueWithPath("Root.Dimension:5"), 0);  // has sub-nodes
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
+  EXPECT_EQ(doc.ChangeValueWithPath("Root.Rec:C:5"), 0);  // no such field
+  EXPECT_EQ(r.CountContaining("ON POINTER "), 1);
+  EXPECT_EQ(doc.ChangeValueWithPath("Root.Rec:5"), 0);  // no field named at all: nothing, no report
+  EXPECT_EQ(Describe(At(doc, "Root.Rec")), "1/A/1/0;1/B/2/0");
+  EXPECT_EQ(r.Count(), 2);
+}
+
+TEST(EditString, ChangeValueFallsBackToAValueNamedByItsOldText) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  ASSERT_EQ(doc.AddNodeWithPath("Enum:Frame", 0), 0);
+  ASSERT_EQ(doc.AddValueWithPath("Enum.Frame::string:Circle", 1), 0);
+  EXPECT_EQ(doc.ChangeValueWithPath("Enum.Frame.Circle:Ellipse"), 0);
+  EXPECT_EQ(Describe(At(doc, "Enum.Frame")), "3//Ellipse/0");
+  EXPECT_EQ(doc.ChangeValueWithPath("Enum.Frame.Circle:Oval"), 1);
+  EXPECT_EQ(doc.ChangeValueWithPath("Enum.Arrow.Circle:Oval"), 1);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, DeleteNodeWithPathRemovesNodesAndValues) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:Styles", "Root.Styles:Sheet", "Root.Styles:Sheet"});
+  ASSERT_EQ(doc.AddNodeWithPath("Enum:Frame", 0), 0);
+  ASSERT_EQ(doc.AddValueWithPath("Enum.Frame::string:Circle", 1), 0);
+  EXPECT_EQ(doc.DeleteNodeWithPath("Root.Styles.Sheet"), 0);
+  EXPECT_EQ(Names(At(doc, "Root.Styles")), "Sheet");
+  EXPECT_EQ(doc.DeleteNodeWithPath("Enum.Frame.Circle"), 0);
+  EXPECT_EQ(At(doc, "Enum.Frame")->GetNumOfValue(), 0);
+  EXPECT_EQ(doc.DeleteNodeWithPath("Enum.Frame.Circle"), 1);
+  EXPECT_EQ(doc.DeleteNodeWithPath("Root.Missing.Sheet"), 1);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditString, GetValueWithPathGivesTheFirstValueText) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  Plain(doc, {"Root:Empty"});
+  ASSERT_EQ(doc.AddValueWithPath("Root:Scale:float:1.5", 1), 0);
+  EXPECT_EQ(doc.GetValueWithPath("Root.Scale"), "1.5");
+  EXPECT_EQ(doc.GetValueWithPath("Root"), "");
+  EXPECT_EQ(doc.GetValueWithPath("Root.Missing"), "");
+  EXPECT_EQ(r.Count(), 0);
+  EXPECT_EQ(doc.GetValueWithPath("Root.Empty"), "");  // GetValue's report
+  EXPECT_EQ(r.Count(), 1);
+}
