@@ -3,7 +3,7 @@
 #include <cstdint>
 
 struct ZOLDrwParseStandardUpgradeOptions {
-  /// Clears UpdateDefaultValues only; the other 31 bits of the word are left as they were.
+  /// Clears UpdateDefaultValues only; the other 31 bits of the word carry nothing and are not set.
   ZOLDrwParseStandardUpgradeOptions() { UpdateDefaultValues = 0; }
   /// Copies the whole word.
   ZOLDrwParseStandardUpgradeOptions(const ZOLDrwParseStandardUpgradeOptions&) = default;

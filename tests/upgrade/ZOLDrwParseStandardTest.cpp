@@ -1,0 +1,489 @@
+// The upgrade driver: parent and level, output path, the walk over the stages, style changes, output lines.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <string>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+#include "ZOLAnnStandardXMLNode.h"
+#include "ZOLAnnStandardXMLParser.h"
+#include "ZOLDrwParseStandard.h"
+#include "ZOLRefCounted.h"
+#include "ZOLTestReports.h"
+#include "migration/ZOLDrwMigration.h"
+
+namespace {
+
+// Builds the tree through edit lines: "N path:name" plain node, "T path:name" typed entry,
+// "V path:name:type:value" value (occurrence 1), "L path:..." value on the last sub-node (-1).
+void Build(ZOLAnnStandardXMLParser& p, const std::vector<std::string>& lines) {
+  for (const std::string& line : lines) {
+    std::string edit = line.substr(2);
+    int rc = 0;
+    switch (line[0]) {
+      case 'N': rc = p.AddNodeWithPath(edit, 0); break;
+      case 'T': rc = p.AddNodeWithPath(edit, 1); break;
+      case 'V': rc = p.AddValueWithPath(edit, 1); break;
+      case 'L': rc = p.AddValueWithPath(edit, -1); break;
+    }
+    ASSERT_EQ(rc, 0) << line;
+  }
+}
+
+// A driver whose tree comes from edit lines and whose chain may be the test's own.
+class Driver : public ZOLDrwParseStandard {
+public:
+  Driver(ZOLUnicodeString& name, std::vector<std::string> lines, const ZOLDrwMigrationStage* stages = nullptr,
+         int count = 0)
+      : ZOLDrwParseStandard(name, stages ? stages : ZOLDrwShippedStages().data(),
+                            stages ? count : static_cast<int>(ZOLDrwShippedStages().size())),
+        _lines(std::move(lines)) {}
+
+  int DecodeTree(ZOLAnnStandardXMLParser& parser) override {
+    Build(parser, _lines);
+    return 0;
+  }
+  void SetStartLevel(int level) { _Version = level; }
+  ZOLAnnStandardXMLParser* Parser() { return _Parser; }
+
+  using ZOLDrwParseStandard::ChangeStyleValue;
+  using ZOLDrwParseStandard::CreateOutput;
+  using ZOLDrwParseStandard::GetParentStandardId;
+  using ZOLDrwParseStandard::UpgradeVersion;
+
+private:
+  std::vector<std::string> _lines;
+};
+
+std::vector<std::string> WithParent(const char* parent, const char* datumMode = nullptr) {
+  std::vector<std::string> lines = {"N Root:Dimension", std::string("V Root.Dimension:ParentStandard:string:") + parent};
+  if (datumMode) lines.push_back(std::string("V Root.Dimension:TXTDatumMode:int:") + datumMode);
+  return lines;
+}
+
+// The stages that ran in a test chain, by their 1-based position.
+std::vector<int> g_ran;
+
+template <int N>
+void RecordStep(ZOLDrwMigrationContext&) { g_ran.push_back(N); }
+
+// The shipped levels, every step built and recording itself.
+template <int... I>
+std::vector<ZOLDrwMigrationStage> RecordingChain(std::integer_sequence<int, I...>) {
+  std::vector<ZOLDrwMigrationStage> chain;
+  auto shipped = ZOLDrwShippedStages();
+  (chain.push_back({shipped[I].from, shipped[I].to, shipped[I].kind, shipped[I].name, &RecordStep<I + 1>}), ...);
+  return chain;
+}
+
+std::vector<ZOLDrwMigrationStage> RecordingChain() { return RecordingChain(std::make_integer_sequence<int, 29>()); }
+
+std::vector<int> Range(int first, int last) {
+  std::vector<int> v;
+  for (int i = first; i <= last; ++i) v.push_back(i);
+  return v;
+}
+
+// Runs a recording chain over a decoded tree of parent ISO from start to target.
+std::vector<int> Walk(int start, int target, std::vector<ZOLDrwMigrationStage> chain = RecordingChain()) {
+  ZOLUnicodeString name("walk.xml");
+  Driver d(name, WithParent("ISO"), chain.data(), static_cast<int>(chain.size()));
+  d.Decode();
+  d.SetStartLevel(start);
+  g_ran.clear();
+  ZOLDrwParseStandardUpgradeOptions options;
+  d.UpgradeVersion(target, options);
+  return g_ran;
+}
+
+const char* kStyles[] = {
+    "N Root:Styles",
+    "N Root.Styles:Text",
+    "N Root.Styles.Text:Default",
+    "V Root.Styles.Text.Default:Font:string:Arial",
+    "N Root.Styles.Text:Custom",
+    "V Root.Styles.Text.Custom:Font:string:Arial",
+    "N Root.Styles.Text:Last",
+    "V Root.Styles.Text.Last:Font:string:Arial",
+};
+
+std::vector<std::string> StylesWithParent(const char* parent) {
+  std::vector<std::string> lines = WithParent(parent);
+  lines.insert(lines.end(), std::begin(kStyles), std::end(kStyles));
+  return lines;
+}
+
+std::string Text(ZOLAnnStandardXMLParser* p, const char* path) { return p->GetValueWithPath(path).str(); }
+
+}  // namespace
+
+TEST(ParentStandard, AnsiWithDatumModeOneIsAsmeAndTwoStaysAnsi) {
+  ZOLTestReports r;
+  ZOLUnicodeString name("std.xml");
+  Driver asme(name, WithParent("ANSI", "1"));
+  asme.Decode();
+  EXPECT_EQ(asme.GetParentStandard().str(), "ASME");
+  Driver ansi(name, WithParent("ANSI", "2"));
+  ansi.Decode();
+  EXPECT_EQ(ansi.GetParentStandard().str(), "ANSI");
+  EXPECT_EQ(asme.GetParentStandardId(), ZOLDrwParseStandard::ASME);
+  EXPECT_EQ(ansi.GetParentStandardId(), ZOLDrwParseStandard::ANSI);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(ParentStandard, AnsiWithOtherDatumModeStaysAnsiAfterOneReport) {
+  ZOLTestReports r;
+  ZOLUnicodeString name("std.xml");
+  Driver d(name, WithParent("ANSI", "0"));
+  d.Decode();
+  EXPECT_EQ(d.GetParentStandard().str(), "ANSI");
+  EXPECT_EQ(r.CountContaining("Invalid TXTDatumMode"), 1);
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(ParentStandard, DatumModeIsReadOnlyForAnsi) {
+  ZOLTestReports r;
+  ZOLUnicodeString name("std.xml");
+  Driver d(name, WithParent("JIS", "1"));
+  d.Decode();
+  EXPECT_EQ(d.GetParentStandard().str(), "JIS");
+  EXPECT_EQ(d.GetParentStandardId(), ZOLDrwParseStandard::JIS);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(ParentStandard, MissingNodeGivesEmptyParentNotIso) {
+  ZOLTestReports r;
+  ZOLUnicodeString name("std.xml");
+  std::vector<std::string> lines = {"N Root:Dimension"};
+  lines.insert(lines.end(), std::begin(kStyles), std::end(kStyles));
+  Driver d(name, lines);
+  d.Decode();
+  EXPECT_EQ(d.GetParentStandard().str(), "");
+  EXPECT_EQ(r.Count(), 0);
+  EXPECT_EQ(d.GetParentStandardId(), 0);
+  EXPECT_EQ(r.CountContaining("Unknown parent standard!!"), 1);
+  r.Clear();
+  // Even a mask of every parent cannot apply to an unknown one.
+  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 0);
+  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(Decode, EmptyFileNameDecodesNothingAndEncodeWritesNothing) {
+  ZOLTestReports r;
+  ZOLUnicodeString empty;
+  ZOLDrwParseStandard d(empty);
+  d.Decode();
+  EXPECT_EQ(d.GetVersion(), 0);
+  EXPECT_EQ(d.GetParentStandard().str(), "");
+  ZOLUnicodeString out("previous");
+  ZOLDrwParseStandardUpgradeOptions options;
+  d.Encode("/nonexistent-dir", out, options);
+  EXPECT_EQ(out.str(), "");
+  EXPECT_FALSE(d.GetOutcome().saved);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(Decode, MissingFileGivesAnEmptyTreeOfReleaseNine) {
+  ZOLTestReports r;
+  ZOLUnicodeString name("/nonexistent-dir/none.xml");
+  ZOLDrwParseStandard d(name);
+  d.Decode();
+  // An empty tree has no Annotation node: it dates as release 9.
+  EXPECT_EQ(d.GetVersion(), 1);
+  EXPECT_EQ(d.GetParentStandard().str(), "");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(Decode, SecondDecodeChangesNothing) {
+  ZOLTestReports r;
+  ZOLUnicodeString name("std.xml");
+  Driver d(name, WithParent("JIS"));
+  d.Decode();
+  ZOLAnnStandardXMLParser* first = d.Parser();
+  d.Decode();
+  EXPECT_EQ(d.Parser(), first);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(CreateOutput, NameOfTheInputCutAtFirstXmlInTheGivenDirectoryWithBackslash) {
+  ZOLTestReports r;
+  ZOLUnicodeString name("/data/standards/Company.xml.old");
+  Driver d(name, WithParent("ISO"));
+  ZOLUnicodeString out("previous");
+  d.CreateOutput("out", out);
+  EXPECT_EQ(out.str(), "") << "nothing before Decode";
+  d.Decode();
+  d.CreateOutput("out", out);
+  EXPECT_EQ(out.str(), "out\\Company.xml");
+  d.CreateOutput(nullptr, out);
+  EXPECT_EQ(out.str(), ".\\Company.xml");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(UpgradeWalk, TargetStopsTheChainAtItsLevel) {
+  ZOLTestReports r;
+  EXPECT_EQ(Walk(100, 140), Range(11, 14));
+  EXPECT_EQ(Walk(100, 145), Range(11, 14));
+  EXPECT_EQ(Walk(1, -1), Range(2, 29));
+  EXPECT_EQ(Walk(30, 60), Range(4, 6));
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(UpgradeWalk, StartLevelsThatRunNothing) {
+  ZOLTestReports r;
+  EXPECT_EQ(Walk(150, 140), std::vector<int>{});
+  EXPECT_EQ(Walk(140, 140), std::vector<int>{}) << "a target equal to the start runs nothing";
+  EXPECT_EQ(Walk(281, -1), std::vector<int>{});
+  EXPECT_EQ(Walk(290, -1), std::vector<int>{});
+  EXPECT_EQ(Walk(280, -1), std::vector<int>{29});
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) {
+  for (int start : {-1, 0}) {
+    ZOLTestReports r;
+    ZOLUnicodeString name("walk.xml");
+    std::vector<ZOLDrwMigrationStage> chain = RecordingChain();
+    Driver d(name, WithParent("ISO"), chain.data(), static_cast<int>(chain.size()));
+    d.Decode();
+    d.SetStartLevel(start);
+    g_ran.clear();
+    ZOLDrwParseStandardUpgradeOptions options;
+    d.UpgradeVersion(-1, options);
+    EXPECT_EQ(g_ran, std::vector<int>{}) << start;
+    EXPECT_TRUE(d.GetOutcome().stoppedByGuard);
+    EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
+    EXPECT_EQ(r.Count(), 1);
+  }
+}
+
+TEST(UpgradeWalk, UnbuiltStageStopsThePassAndIsReported) {
+  ZOLTestReports r;
+  std::vector<ZOLDrwMigrationStage> chain = RecordingChain();
+  chain[12].step = nullptr;  // stage 13, 120 to 130
+  ZOLUnicodeString name("walk.xml");
+  Driver d(name, WithParent("ISO"), chain.data(), static_cast<int>(chain.size()));
+  d.Decode();
+  d.SetStartLevel(100);
+  g_ran.clear();
+  ZOLDrwParseStandardUpgradeOptions options;
+  d.UpgradeVersion(-1, options);
+  EXPECT_EQ(g_ran, (std::vector<int>{11, 12}));
+  const ZOLDrwParseStandard::Outcome& o = d.GetOutcome();
+  EXPECT_EQ(o.stagesRun, 2);
+  EXPECT_EQ(o.levelReached, 120);
+  EXPECT_EQ(o.blockedStage, 13);
+  EXPECT_EQ(o.blockedFrom, 120);
+  EXPECT_EQ(o.blockedTo, 130);
+  EXPECT_STREQ(o.blockedStep, "Migrate209To21n210");
+  EXPECT_EQ(r.CountContaining("not built yet"), 1);
+  EXPECT_EQ(r.Count(), 1);
+  // An unbuilt stage beyond the target is not reached and stops nothing.
+  g_ran.clear();
+  r.Clear();
+  d.UpgradeVersion(120, options);
+  EXPECT_EQ(g_ran, (std::vector<int>{11, 12}));
+  EXPECT_EQ(d.GetOutcome().blockedStage, 0);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(UpgradeWalk, BlockedUpgradeWritesNoFile) {
+  ZOLTestReports r;
+  std::string out = std::filesystem::temp_directory_path() / ("qelstd-blocked-" + std::to_string(getpid()) + ".xml");
+  std::filesystem::remove(out);
+  ZOLUnicodeString name("/somewhere/std.xml");
+  Driver d(name, WithParent("ISO", nullptr));
+  d.Decode();
+  d.SetStartLevel(150);
+  ZOLDrwParseStandardUpgradeOptions options;
+  d.EncodeToVersion(-1, options, out.c_str());
+  EXPECT_FALSE(std::filesystem::exists(out));
+  EXPECT_FALSE(d.GetOutcome().saved);
+  EXPECT_EQ(d.GetOutcome().blockedFrom, 150);
+  EXPECT_EQ(r.CountContaining("not built yet"), 1);
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(UpgradeWalk, ShippedChainListsEveryStageInOrder) {
+  std::vector<ZOLDrwParseStandard::StageInfo> stages = ZOLDrwParseStandard::GetStages();
+  ASSERT_EQ(stages.size(), 29u);
+  EXPECT_TRUE(stages[0].fromFlatText);
+  EXPECT_EQ(stages[0].from, 0);
+  EXPECT_EQ(stages[2].from, 2);
+  EXPECT_EQ(stages[2].to, 30);
+  EXPECT_STREQ(stages[6].step, "Migrate14To15");
+  for (size_t i = 1; i < stages.size(); ++i) {
+    EXPECT_FALSE(stages[i].fromFlatText);
+    EXPECT_EQ(stages[i].from, stages[i - 1].to) << "stage " << i + 1;
+  }
+  EXPECT_EQ(stages.back().to, ZOLDrwParseStandard::GetCurrentVersion());
+}
+
+TEST(ChangeStyleValue, ChangesEveryStyleWhenAllHoldTheOldValue) {
+  ZOLTestReports r;
+  ZOLUnicodeString name("std.xml");
+  Driver d(name, StylesWithParent("JIS"));
+  d.Decode();
+  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 12, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
+  for (const char* s : {"Default", "Custom", "Last"})
+    EXPECT_EQ(Text(d.Parser(), (std::string("Root.Styles.Text.") + s + ".Font").c_str()), "Mono") << s;
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(ChangeStyleValue, StopsAtTheFirstStyleThatDiffers) {
+  ZOLTestReports r;
+  ZOLUnicodeString name("std.xml");
+  Driver d(name, StylesWithParent("ISO"));
+  d.Decode();
+  ASSERT_EQ(d.Parser()->ChangeValueWithPath("Root.Styles.Text.Custom.Font:Courier"), 0);
+  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 0);
+  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Mono") << "styles before it stay changed";
+  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Custom.Font"), "Courier");
+  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Last.Font"), "Arial") << "styles after it are not reached";
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(ChangeStyleValue, ValueOfAnotherTypeStopsTheChange) {
+  ZOLTestReports r;
+  ZOLUnicodeString name("std.xml");
+  Driver d(name, StylesWithParent("ISO"));
+  d.Decode();
+  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::EnumValue, "Arial", "Mono"), 0);
+  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(ChangeStyleValue, MaskWithoutTheParentSucceedsWithoutLookingAtTheTree) {
+  ZOLTestReports r;
+  ZOLUnicodeString name("std.xml");
+  Driver d(name, StylesWithParent("JIS"));
+  d.Decode();
+  EXPECT_EQ(d.ChangeStyleValue("Root.No.Such.Family", "Font", 7, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
+  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 3, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
+  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(ChangeStyleValue, MissingFamilyEmptyFamilyAndBadArgumentsGiveZero) {
+  ZOLTestReports r;
+  ZOLUnicodeString name("std.xml");
+  std::vector<std::string> lines = StylesWithParent("ISO");
+  lines.push_back("N Root.Styles:Empty");
+  Driver d(name, lines);
+  d.Decode();
+  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.None", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
+  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Empty", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
+  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 0, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
+  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, nullptr, "b"), 0);
+  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Size", 15, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
+  EXPECT_EQ(r.Count(), 5);
+}
+
+TEST(OutputLine, AddSkipsEmptyAndNullPartsAndEndsTheLineOnRequest) {
+  ZOLUnicodeString out("a");
+  ZOLDrwParseStandard::AddOutputLine(out, ZOLUnicodeString(), 1);
+  ZOLDrwParseStandard::AddOutputLine(out, ZOLUnicodeString("b"), 0);
+  ZOLDrwParseStandard::AddOutputLine(out, static_cast<const char*>(nullptr), 1);
+  ZOLDrwParseStandard::AddOutputLine(out, "<x ", nullptr, "/>", 1);
+  ZOLDrwParseStandard::AddOutputLine(out, nullptr, nullptr, nullptr, 0);
+  EXPECT_EQ(out.str(), "a\nb\n<x />\n");
+}
+
+TEST(OutputLine, InsertOnlyWithinTheTextAndOnlyWhatIsNotEmpty) {
+  ZOLUnicodeString out("ac");
+  ZOLDrwParseStandard::InsertOutputLine(out, 1, "b", 0);
+  EXPECT_EQ(out.str(), "abc");
+  ZOLDrwParseStandard::InsertOutputLine(out, 3, "d", nullptr, "e", 1);
+  EXPECT_EQ(out.str(), "abcde\n") << "the length itself is a valid position";
+  ZOLDrwParseStandard::InsertOutputLine(out, 0, ZOLUnicodeString(">"), 0);
+  EXPECT_EQ(out.str(), ">abcde\n");
+  ZOLDrwParseStandard::InsertOutputLine(out, 8, "x", 1);
+  ZOLDrwParseStandard::InsertOutputLine(out, -1, "x", 1);
+  ZOLDrwParseStandard::InsertOutputLine(out, 2, ZOLUnicodeString(), 0);
+  EXPECT_EQ(out.str(), ">abcde\n");
+  ZOLDrwParseStandard::InsertOutputLine(out, 1, static_cast<const char*>(nullptr), 1);
+  EXPECT_EQ(out.str(), ">\nabcde\n") << "a line end alone is not empty";
+}
+
+TEST(UpgradeOptions, OneWordWhoseCopyCarriesTheBit) {
+  static_assert(sizeof(ZOLDrwParseStandardUpgradeOptions) == 4);
+  ZOLDrwParseStandardUpgradeOptions options;
+  EXPECT_EQ(options.UpdateDefaultValues, 0u);
+  options.UpdateDefaultValues = 1;
+  ZOLDrwParseStandardUpgradeOptions copy;
+  copy = options;
+  EXPECT_EQ(copy.UpdateDefaultValues, 1u);
+}
+
+TEST(UpdateVersionNode, MovesOnlyTheExpectedIntegerVersion) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser p;
+  Build(p, {"V Root:Version:int:150"});
+  UpdateVersionNode(&p, "140", "160");
+  EXPECT_EQ(Text(&p, "Root.Version"), "150");
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
+  UpdateVersionNode(&p, "150", "160");
+  EXPECT_EQ(Text(&p, "Root.Version"), "160");
+  EXPECT_EQ(r.Count(), 1);
+  ZOLAnnStandardXMLParser undated;
+  UpdateVersionNode(&undated, "100", "110");
+  EXPECT_EQ(r.CountContaining("ON POINTER"), 1);
+  ZOLAnnStandardXMLParser text;
+  Build(text, {"V Root:Version:string:150"});
+  UpdateVersionNode(&text, "150", "160");
+  EXPECT_EQ(Text(&text, "Root.Version"), "150");
+  EXPECT_EQ(r.Count(), 3);
+}
+
+namespace {
+
+const ZOLDrwEditOp kTestTable[] = {
+    {ZOLDrwEditOp::AddValueInAllStyles, "Root.Styles.Text.*:Blanking:enum.YesNo:Yes:0"},
+    {ZOLDrwEditOp::ChangeValue, "Root.Styles.Text.Default.Font:IsoFont", 1, 12},
+    {ZOLDrwEditOp::ChangeValue, "Root.Styles.Text.Default.Font:AnsiFont", 1, 3},
+    {ZOLDrwEditOp::AddValue, "Root.Styles.Text.Last:Color:int:7", 1, 0, true},
+    {ZOLDrwEditOp::AddNode, "Root:Frames"},
+};
+
+void TableStep(ZOLDrwMigrationContext& c) { ZOLDrwRunEditTable(c, kTestTable); }
+
+}  // namespace
+
+TEST(EditTable, LinesRunUnderTheirParentMaskAndOptionCondition) {
+  ZOLTestReports r;
+  const ZOLDrwMigrationStage chain[] = {{100, 110, ZOLDrwMigrationStage::EditsTree, "TableStep", &TableStep}};
+  for (bool update : {false, true}) {
+    ZOLUnicodeString name("std.xml");
+    Driver d(name, StylesWithParent("ASME"), chain, 1);
+    d.Decode();
+    d.SetStartLevel(100);
+    ZOLDrwParseStandardUpgradeOptions options;
+    options.UpdateDefaultValues = update;
+    d.UpgradeVersion(-1, options);
+    EXPECT_EQ(d.GetOutcome().stagesRun, 1);
+    for (const char* s : {"Default", "Custom", "Last"})
+      EXPECT_EQ(Text(d.Parser(), (std::string("Root.Styles.Text.") + s + ".Blanking").c_str()), "Yes") << s;
+    EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "AnsiFont");
+    EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Last.Color"), update ? "7" : "");
+    ZOLRef<ZOLAnnStandardXMLNode> frames = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(d.Parser()->GetNodeWithPath("Root.Frames"));
+    EXPECT_TRUE(frames);
+  }
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(EditTable, StyleLineOnAFamilyWithoutStylesChangesNothing) {
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser p;
+  Build(p, {"N Root:Styles", "N Root.Styles:Text"});
+  EXPECT_EQ(AddValueInAllStyles(&p, "Root.Styles.Text", ":Blanking:string:Yes", 1), E_FAIL);
+  EXPECT_EQ(AddNodeInAllStyles(&p, "Root.Styles.None", ":Sub", 0), E_FAIL);
+  ZOLRef<ZOLAnnStandardXMLNode> text = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(p.GetNodeWithPath("Root.Styles.Text"));
+  ASSERT_TRUE(text);
+  EXPECT_EQ(text->GetNumOfNode(), 0);
+  EXPECT_EQ(r.Count(), 0);
+}
