@@ -1,0 +1,235 @@
+// Locating and listing standards: the repository, the working copies, the built-in texts, and
+// the orientation names of sheet formats.
+#include "ZOLDftStandardServices.h"
+
+#include <array>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "ZOLDftStdPersistence.h"
+#include "ZOLDrwParseStandard.h"
+#include "ZOLFile.h"
+#include "ZOLStdServices.h"
+#include "ZOLSysLog.h"
+
+// The built-in texts come with their own piece of the library; until it is there, a working copy
+// can only come from the repository.
+#if __has_include("ZOLDftBuiltinStandards.h")
+#include "ZOLDftBuiltinStandards.h"
+#define QELSTD_HAS_BUILTIN_TEXTS 1
+#else
+#define QELSTD_HAS_BUILTIN_TEXTS 0
+#endif
+
+namespace {
+
+constexpr const char* kBuiltinNames[] = {"ISO", "JIS", "ANSI-ASME"};
+constexpr const char* kAlternateNames[] = {"ISO_Alternate", "JIS_Alternate", "ANSI-ASME_Alternate"};
+constexpr const char kAlternateKind[] = "xDrawing";
+
+// Classes of a standard file, by its parent.
+enum StandardClass { ClassISO = 0, ClassJIS = 1, ClassASME = 2, ClassANSI = 3, ClassOther = 4 };
+
+template <size_t N>
+bool IsOneOf(const ZOLUnicodeString& name, const char* const (&names)[N]) {
+  for (const char* n : names)
+    if (name == n) return true;
+  return false;
+}
+
+bool CanOpen(const std::string& path) {
+  FILE* f = std::fopen(path.c_str(), "r");
+  if (!f) return false;
+  std::fclose(f);
+  return true;
+}
+
+int ClassOfFile(const std::string& path) {
+  ZOLUnicodeString file(path);
+  ZOLDrwParseStandard reader(file);
+  reader.Decode();
+  ZOLUnicodeString parent = reader.GetParentStandard();
+  if (parent == "ANSI") return ClassANSI;
+  if (parent == "ISO") return ClassISO;
+  if (parent == "JIS") return ClassJIS;
+  if (parent == "ASME") return ClassASME;
+  return ClassOther;
+}
+
+// 1 when written, 0 otherwise. Through a temporary name and a rename, so that another process
+// reading the same working copy meanwhile sees the old file or the new one, never half of one.
+int WriteTextToFile(const ZOLUnicodeString& text, const std::string& path) {
+  if (FAILED(ZOLWriteFileAtomically(path.c_str(), text.str()))) {
+    std::fprintf(stderr, "Failed to open file for writing: %s\n", path.c_str());
+    return 0;
+  }
+  return 1;
+}
+
+const ZOLUnicodeString* BuiltinText([[maybe_unused]] const ZOLUnicodeString& name) {
+#if QELSTD_HAS_BUILTIN_TEXTS
+  return ZOLDftBuiltinStandards::GetText(name.str());
+#else
+  return nullptr;
+#endif
+}
+
+// The directory of the working copies, or null (said on standard error) when none is set: the
+// current directory is never used by surprise. An empty value counts as not set.
+const char* WorkingDirectory(const ZOLUnicodeString& name) {
+  for (const char* variable : {"ADL_ODT_OUT", "ZOLTemp"}) {
+    const char* dir = ZOLGetEnv(variable);
+    if (dir && *dir) return dir;
+  }
+  std::fprintf(stderr, "Neither ADL_ODT_OUT nor ZOLTemp is set: no working directory for the standard %s.\n",
+               name.ConvertToChar());
+  return nullptr;
+}
+
+// Calls visit(entry, stem) for each entry of a directory whose name holds "." + extension.
+template <typename Visit>
+void WalkStandardFiles(const char* directory, const char* extension, Visit visit) {
+  if (!directory || !extension) return;
+  std::string suffix = *extension ? std::string(".") + extension : std::string();
+  ZOLDirectory* listing = nullptr;
+  if (ZOLOpenDirectory(directory, &listing) != 0) return;
+  std::string entry;
+  while (ZOLReadDirectory(listing, entry) == 0) {
+    if (entry == "." || entry == "..") continue;
+    // A search, not an end test: "x.xml.bak" qualifies, with the stem "x.xml".
+    if (entry.find(suffix) == std::string::npos) continue;
+    ZOLUnicodeString stem(std::string_view(entry).substr(0, entry.size() - suffix.size()));
+    visit(std::string(directory) + ZOLPathSeparator + entry, stem);
+  }
+  ZOLCloseDirectory(listing);
+}
+
+}  // namespace
+
+long ZOLDftStandardServices::FindStandardFileInEnv(const ZOLUnicodeString& name, ZOLUnicodeString& path,
+                                                   bool inCollections) {
+  // A name is a file name in a directory of standards, never a path of its own.
+  const bool usable = !name.IsEmpty() && name.SearchSubString(ZOLPathSeparator) < 0;
+  const std::string fileName = name.str() + "." + ZOLDftStdPersistence::ZOLDftStdExtension;
+  if (inCollections) {
+    std::unique_ptr<ZOLListValZOLUnicodeString> dirs(ZOLStdServices::GetStandardPath());
+    if (!dirs) {
+      std::printf("ZOLDefaultCollectionStandard and ZOLCollectionStandard not defined.\n");
+      return E_FAIL;
+    }
+    if (!usable) return E_FAIL;
+    for (const ZOLUnicodeString& dir : *dirs) {
+      std::string candidate =
+          dir.str() + ZOLPathSeparator + ZOLDftStdPersistence::ZOLDftStdType + ZOLPathSeparator + fileName;
+      if (CanOpen(candidate)) {
+        path = ZOLUnicodeString(std::move(candidate));
+        return S_OK;
+      }
+    }
+    return E_FAIL;
+  }
+
+  if (!usable) return 1;
+  const char* dir = WorkingDirectory(name);
+  if (!dir) return 1;
+  const ZOLUnicodeString working(std::string(dir) + ZOLPathSeparator + fileName);
+  // A working copy counts only when this call wrote it: a stale copy of an earlier call must not
+  // stand for a repository file that is gone, nor for the built-in text.
+  if (SUCCEEDED(ZOLStdServices::CopyStandard(name, ZOLDftStdPersistence::ZOLDftStdType, working)) &&
+      CanOpen(working.str())) {
+    path = working;
+    return 0;
+  }
+  if (IsOneOf(name, kAlternateNames)) {
+    if (SUCCEEDED(ZOLStdServices::CopyStandard(name, kAlternateKind, working)) && CanOpen(working.str())) {
+      path = working;
+      return 0;
+    }
+    return 1;
+  }
+  if (IsOneOf(name, kBuiltinNames)) {
+    const ZOLUnicodeString* text = BuiltinText(name);
+    if (text && WriteTextToFile(*text, working.str()) && CanOpen(working.str())) {
+      path = working;
+      return 0;
+    }
+  }
+  return 1;
+}
+
+void ZOLDftStandardServices::ListFilesInDirectory(const char* directory, const char* extension,
+                                                  ZOLListValZOLUnicodeString& names, unsigned char skipAnsi) {
+  WalkStandardFiles(directory, extension, [&](const std::string& file, const ZOLUnicodeString& stem) {
+    if (names.Locate(stem)) return;
+    if (skipAnsi && ClassOfFile(file) == ClassANSI) return;
+    names.Append(stem);
+  });
+}
+
+void ZOLDftStandardServices::ListXMLStdInDirectory(const char* directory, const char* extension,
+                                                   ZOLListValZOLUnicodeString& iso, ZOLListValZOLUnicodeString& jis,
+                                                   ZOLListValZOLUnicodeString& asme) {
+  const std::array<ZOLListValZOLUnicodeString*, 3> lists = {&iso, &jis, &asme};
+  WalkStandardFiles(directory, extension, [&](const std::string& file, const ZOLUnicodeString& stem) {
+    int fileClass = -1;  // decoded only when a list lacks the stem
+    for (int i = 0; i < 3; ++i) {
+      if (lists[i]->Locate(stem)) continue;
+      if (fileClass < 0) fileClass = ClassOfFile(file);
+      if (fileClass == i) lists[i]->Append(stem);
+    }
+  });
+}
+
+void ZOLDftStandardServices::ListStandards(ZOLListValZOLUnicodeString& names, unsigned char /*flag*/) {
+  names.RemoveAll();
+  std::unique_ptr<ZOLListValZOLUnicodeString> files(
+      ZOLStdServices::GetStandardFiles(ZOLUnicodeString(ZOLDftStdPersistence::ZOLDftStdType)));
+  if (!files) {
+    ZOLAssertPointer("");
+    return;
+  }
+  const ZOLUnicodeString extension(std::string(".") + ZOLDftStdPersistence::ZOLDftStdExtension);
+  for (ZOLUnicodeString file : *files) {
+    file.ReplaceSubString(extension, ZOLUnicodeString());
+    names.Append(file);
+  }
+  names.RemoveDuplicates();
+}
+
+void ZOLDftStandardServices::ListOOTBStandards(ZOLListValZOLUnicodeString& names) {
+  names.RemoveAll();
+  for (const char* name : {"ANSI-ASME", "ISO", "JIS"}) names.Append(name);
+}
+
+void ZOLDftStandardServices::GetStandardClassAndVersion(ZOLUnicodeString& path, ZOLUnicodeString& className,
+                                                        int& version) {
+  ZOLDrwParseStandard reader(path);
+  reader.Decode();
+  className = reader.GetParentStandard();
+  version = reader.GetVersion();
+}
+
+namespace {
+
+constexpr std::array<const char*, 4> kOrientationNames = {"LandscapeByDefault", "PortraitByDefault", "PortraitOnly",
+                                                          "LandscapeOnly"};
+
+}  // namespace
+
+long ZOLDftStandardServices::GetEnumFromName(const ZOLUnicodeString& name, ZOLFormatOrientationsType& value) {
+  for (size_t i = 0; i < kOrientationNames.size(); ++i)
+    if (name == kOrientationNames[i]) {
+      value = static_cast<ZOLFormatOrientationsType>(i);
+      return S_OK;
+    }
+  return E_FAIL;
+}
+
+long ZOLDftStandardServices::GetNameFromEnum(ZOLFormatOrientationsType value, ZOLUnicodeString& name) {
+  const int index = static_cast<int>(value);
+  if (index < 0 || index >= static_cast<int>(kOrientationNames.size())) return E_FAIL;
+  name = kOrientationNames[static_cast<size_t>(index)];
+  return S_OK;
+}

@@ -1,0 +1,28 @@
+// The application's repository of standard files: directories named by two environment
+// variables, with one sub-directory per kind of standard ("<dir>/<kind>/<name>.xml").
+//
+// ZOLCollectionStandard and ZOLDefaultCollectionStandard each hold one directory or several
+// separated by ':', as PATH does; empty entries are ignored. The directories of
+// ZOLCollectionStandard (the site's own standards) come first, then those of
+// ZOLDefaultCollectionStandard (the delivered ones), so that a site's file of a name wins.
+#pragma once
+#include "ZOLListValZOLUnicodeString.h"
+#include "ZOLResult.h"
+#include "ZOLUnicodeString.h"
+
+/// The separator of the parts of a path.
+inline constexpr char ZOLPathSeparator[] = "/";
+
+namespace ZOLStdServices {
+
+/// A new list of the repository's directories, in search order, that the caller deletes; null when
+/// neither variable is defined (a defined but empty variable gives an empty list).
+ZOLListValZOLUnicodeString* GetStandardPath();
+/// A new list of the names of the ".xml" files of that kind, directory after directory, each sorted,
+/// that the caller deletes; null when neither variable is defined.
+ZOLListValZOLUnicodeString* GetStandardFiles(const ZOLUnicodeString& kind);
+/// Copies the first "<dir>/<kind>/<name>.xml" of the repository to destination through a temporary
+/// name and a rename; S_OK, or E_FAIL when there is no such file or it cannot be copied.
+HRESULT CopyStandard(const ZOLUnicodeString& name, const ZOLUnicodeString& kind, const ZOLUnicodeString& destination);
+
+}  // namespace ZOLStdServices
