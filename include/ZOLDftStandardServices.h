@@ -30,5 +30,34 @@ long GetEnumFromName(const ZOLUnicodeString& name, ZOLFormatOrientationsType& va
 long GetNameFromEnum(ZOLFormatOrientationsType value, ZOLUnicodeString& name);
 
 // --- Standard objects by file, text and name; sheet format and path helpers ---
+}  // namespace ZOLDftStandardServices
+
+#include "ZOLDrwStdSheetFormat.h"
+#include "ZOLIDftStandard.h"
+#include "ZOLIDrwStandard.h"
+
+namespace ZOLDftStandardServices {
+
+/// S_OK with the 1-based sheet format of a standard object: name, width, height and orientation;
+/// E_FAIL when one of the four is missing or the orientation is unknown (what was read stays).
+long GetFormatData(ZOLIDftStandard& standard, int index, ZOLDrwStdSheetFormat& format);
+/// S_OK with a new[] array of all sheet formats of a standard object and their number; E_UNEXPECTED for
+/// bad arguments (formats null or set, count not 0) or no "SheetFormat" list; E_FAIL when a format is incomplete.
+long GetSheetFormats(ZOLIDftStandard* standard, ZOLDrwStdSheetFormat** formats, int& count);
+/// What stands behind the last "." of a path; empty without a dot or with a dot at the end.
+ZOLUnicodeString GetAttributeSingleName(ZOLUnicodeString path);
+/// What stands before the last "." of a path; empty without a dot.
+ZOLUnicodeString GetFatherNode(ZOLUnicodeString path);
+/// A new standard object read from a file, or null; a file that does not read gives an empty standard.
+ZOLIDrwStandard_var GetStandardFromFile(const ZOLUnicodeString& path, const ZOLUnicodeString& name);
+/// A new standard object read from a text, or null; a text that does not read gives an empty standard.
+ZOLIDrwStandard_var GetStandardFromBuffer(const ZOLUnicodeString* text, const ZOLUnicodeString& name);
+/// The kept standard object of "ISO", "JIS" or "ASME", made on first use; null for any other name; flag is unused.
+ZOLIDrwStandard_var GetOOTBStandard(const ZOLUnicodeString& name, int flag);
+/// S_OK with every value filed in a standard object whose cache key starts with prefix, sorted by key
+/// (indexes in numeric order): the key, the kind ("integer", "real", "string", "enum", "integers",
+/// "reals", "strings") and the value as text; E_INVALIDARG for a null or foreign object.
+long ListFiledValues(ZOLIDrwStandard* standard, const ZOLUnicodeString& prefix, ZOLListValZOLUnicodeString& keys,
+                     ZOLListValZOLUnicodeString& kinds, ZOLListValZOLUnicodeString& values);
 
 }  // namespace ZOLDftStandardServices

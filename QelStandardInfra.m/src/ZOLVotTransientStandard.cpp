@@ -1,0 +1,845 @@
+// The read-only standard object: one-pass load, the node walk behind cache misses, and the getters.
+#include "ZOLVotTransientStandard.h"
+
+#include <algorithm>
+#include <charconv>
+#include <climits>
+#include <cmath>
+#include <memory>
+#include <stdexcept>
+
+#include "ZOLClassDictionary.h"
+#include "ZOLSysLog.h"
+#include "ZOLXMLSAXIds.h"
+
+ZOLImplementMetaObject(ZOLVotTransientStandard, Implementation, ZOLBaseUnknown::MetaObject(), "QelStandardInfra",
+                       nullptr, "ZOLNull")
+static ZOLClassRegistrar s_transientStandardClass(ZOLVotTransientStandard::MetaObject());
+
+namespace {
+
+using Kind = ZOLVotNodeKind;
+using Node = ZOLVotStandardNode;
+
+constexpr std::string_view kTypeNames[] = {"",           "std:node",   "std:typeval", "std:intval",  "std:floatval",
+                                           "std:strval", "std:enumval", "std:colorval", "std:enumdef", "std:typedef"};
+
+Kind KindOf(std::string_view tag) {
+  if (tag.size() < 8 || tag.compare(0, 4, "std:") != 0) return Kind::Other;
+  for (int k = 1; k < static_cast<int>(std::size(kTypeNames)); ++k)
+    if (tag == kTypeNames[k]) return static_cast<Kind>(k);
+  return Kind::Other;
+}
+
+bool IsValueKind(Kind k) {
+  return k == Kind::EnumVal || k == Kind::ColorVal || k == Kind::IntVal || k == Kind::FloatVal || k == Kind::StrVal;
+}
+
+// Cuts a path before its last "."; a path without one becomes empty.
+void RemoveLastComponent(std::string& path) {
+  size_t dot = path.rfind('.');
+  path.resize(dot == std::string::npos ? 0 : dot);
+}
+
+std::string_view ParentOf(std::string_view path) {
+  size_t dot = path.rfind('.');
+  return dot == std::string_view::npos ? std::string_view() : path.substr(0, dot);
+}
+
+void AppendNumber(std::string& s, int n) {
+  char digits[16];
+  auto r = std::to_chars(digits, digits + sizeof digits, n);
+  s.append(digits, r.ptr);
+}
+
+bool IsStoiSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f' || c == '\r'; }
+
+int StoiPiece(std::string_view piece) {
+  size_t k = 0, n = piece.size();
+  while (k < n && IsStoiSpace(piece[k])) ++k;
+  bool negative = false;
+  if (k < n && (piece[k] == '+' || piece[k] == '-')) negative = piece[k++] == '-';
+  if (k >= n || piece[k] < '0' || piece[k] > '9') throw std::invalid_argument("invalid stoi argument");
+  long long v = 0;
+  bool beyond = false;
+  for (; k < n && piece[k] >= '0' && piece[k] <= '9'; ++k) {
+    if (!beyond) v = v * 10 + (piece[k] - '0');
+    beyond = beyond || v > 2147483648LL;
+  }
+  if (negative) v = -v;
+  if (beyond || v > INT_MAX || v < INT_MIN) throw std::out_of_range("stoi argument out of range");
+  return static_cast<int>(v);
+}
+
+// Writes a string array to the caller's strings.
+void WriteStrings(const std::string& chars, const std::vector<ZOLVotSpan>& list, ZOLUnicodeString** oValues) {
+  for (size_t i = 0; i < list.size(); ++i)
+    if (oValues[i]) oValues[i]->str().assign(ZOLVotView(chars, list[i]));
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------------------------------------
+// Construction and load
+
+ZOLVotTransientStandard::ZOLVotTransientStandard(const ZOLUnicodeString& filePath, const ZOLUnicodeString& name)
+    : _Name(name), _FilePath(filePath) {
+  if (FAILED(Load(&filePath, false))) ZOLAssertBool("Load of the standard failed");
+  FinishLoad();
+}
+
+ZOLVotTransientStandard::ZOLVotTransientStandard(const ZOLUnicodeString* text, const ZOLUnicodeString& name)
+    : _Name(name) {
+  if (FAILED(Load(text, true))) ZOLAssertBool("Load of the standard failed");
+  FinishLoad();
+}
+
+ZOLVotTransientStandard::~ZOLVotTransientStandard() = default;
+
+HRESULT ZOLVotTransientStandard::Load(const ZOLUnicodeString* source, bool isBuffer) {
+  _TypevalIndex = 1;
+  _TypevalClosed = 0;
+  std::unique_ptr<ZOLIXMLSAX2Factory> factory;
+  if (FAILED(CreateZOLIXMLSAX2Factory(factory)) || !factory) {
+    ZOLAssertPointer("No SAX factory");
+    return E_UNEXPECTED;
+  }
+  std::unique_ptr<ZOLIXMLInputSource> input;
+  HRESULT hr = E_FAIL;
+  if (source) {
+    hr = isBuffer ? factory->CreateInputSourceFromText(source->str(), "fileID", input)
+                  : factory->CreateInputSourceFromFile(source->str(), "fileID", input);
+  }
+  if (FAILED(hr) || !input) {
+    ZOLAssertPointer("No input source");
+    return E_UNEXPECTED;
+  }
+  std::unique_ptr<ZOLISAXXMLReader> reader;
+  if (FAILED(factory->CreateReader(reader)) || !reader) {
+    ZOLAssertPointer("No SAX reader");
+    return E_UNEXPECTED;
+  }
+  if (FAILED(reader->SetFeature(ZOLSAXFeatureSchemaValidation, false))) {
+    ZOLAssertBool("Schema validation cannot be switched off");
+    return E_UNEXPECTED;
+  }
+  // The object is its own handler, through its two SAX attachments; each holds a reference.
+  void* errorHandler = nullptr;
+  void* contentHandler = nullptr;
+  GetImpl()->QueryInterface(IID_ZOLISAXErrorHandler, &errorHandler);
+  GetImpl()->QueryInterface(IID_ZOLISAXContentHandler, &contentHandler);
+  struct Releaser {
+    ZOLBaseUnknown* object;
+    int count;
+    ~Releaser() { while (count--) object->Release(); }
+  } releaser{this, (errorHandler ? 1 : 0) + (contentHandler ? 1 : 0)};
+  if (!errorHandler || !contentHandler ||
+      FAILED(reader->SetErrorHandler(static_cast<ZOLISAXErrorHandler*>(errorHandler))) ||
+      FAILED(reader->SetContentHandler(static_cast<ZOLISAXContentHandler*>(contentHandler)))) {
+    ZOLAssertBool("The standard cannot handle its own load");
+    return E_UNEXPECTED;
+  }
+  return reader->Parse(*input);
+}
+
+void ZOLVotTransientStandard::FinishLoad() {
+  // The tree and the character store only grow by reads from now on; give back the slack.
+  _Nodes.shrink_to_fit();
+  _Chars.shrink_to_fit();
+  _Text.str().clear();
+  _Text.str().shrink_to_fit();
+}
+
+int ZOLVotTransientStandard::StartElement(std::string_view, std::string_view, std::string_view tag,
+                                          const ZOLISAXAttributes& attributes) {
+  std::string_view name;
+  attributes.GetValue("name", name);
+  _Text.str().clear();
+
+  Kind kind = KindOf(tag);
+  Node node;
+  node.kind = kind;
+  node.name = ZOLVotStore(_Chars, name);
+  if (kind == Kind::Other) {
+    ZOLVotSpan type = ZOLVotStore(_Chars, tag.substr(0, UINT16_MAX));
+    node.typeOff = type.off;
+    node.typeLen = static_cast<uint16_t>(type.len);
+  }
+  _Nodes.push_back(node);
+  _Open.push_back({static_cast<uint32_t>(_Nodes.size() - 1), Node::kNone, name.empty()});
+
+  // The root, "Styles", typed entries and definitions add nothing to a path.
+  bool silent = kind == Kind::TypeVal || kind == Kind::EnumDef || kind == Kind::TypeDef;
+  if (!silent && !name.empty() && name != "drafting" && name != "Styles") {
+    if (!_CurrentPath.empty()) _CurrentPath += '.';
+    _CurrentPath += name;
+  }
+  if (kind != Kind::TypeVal && _TypevalClosed) {
+    _TypevalName.reset();
+    _TypevalIndex = 1;
+  }
+  if (kind == Kind::TypeVal) {
+    _TypevalClosed = 0;
+    if (_TypevalName && *_TypevalName == name) {
+      ++_TypevalIndex;
+    } else {
+      _TypevalIndex = 1;
+      _TypevalName.emplace(name);
+    }
+  }
+  if (kind == Kind::EnumDef) _EnumdefName.emplace(name);
+  if (kind == Kind::TypeDef) _TypedefName.emplace(name);
+  return 0;
+}
+
+int ZOLVotTransientStandard::EndElement(std::string_view, std::string_view, std::string_view tag) {
+  if (_Open.empty()) return 0;
+  Kind kind = KindOf(tag);
+  bool isValue = IsValueKind(kind);
+  OpenElement closing = _Open.back();
+  ZOLVotSpan text;
+  if (isValue) {
+    text = ZOLVotStore(_Chars, _Text.str());
+    _Nodes[closing.node].value = text;
+  }
+
+  // A closed node joins its parent's children; the document element becomes the root.
+  _Open.pop_back();
+  if (_Open.empty()) {
+    _Root = closing.node;
+  } else {
+    OpenElement& parent = _Open.back();
+    if (parent.lastChild == Node::kNone) _Nodes[parent.node].firstChild = closing.node;
+    else _Nodes[parent.lastChild].nextSibling = closing.node;
+    parent.lastChild = closing.node;
+  }
+
+  if (isValue) {
+    if (_EnumdefName) _EnumdefValues.push_back(text);
+    else if (!_TypedefName) FileValue(kind, text);
+    _Text.str().clear();
+  }
+  if (kind == Kind::EnumDef) {
+    _EnumDefinitions[_EnumdefName ? *_EnumdefName : std::string()] = std::move(_EnumdefValues);
+    _EnumdefValues.clear();
+    _EnumdefName.reset();
+  } else if (kind == Kind::TypeDef) {
+    _TypedefName.reset();
+  } else if (kind == Kind::TypeVal) {
+    _TypevalClosed = 1;
+  }
+  // Kept on purpose: a named element removes a component even when it added none ("drafting",
+  // "Styles", a typedef), so what follows a nested "Styles" comes out one level short.
+  if (!closing.nameless && kind != Kind::TypeVal && kind != Kind::EnumDef) RemoveLastComponent(_CurrentPath);
+  return 0;
+}
+
+void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan text) {
+  const int n = _TypevalIndex;
+  _Key.assign(_CurrentPath);
+  _Key += '.';
+  AppendNumber(_Key, n);
+  if (_CurrentPath != _PreviousPath) {
+    switch (kind) {
+      case Kind::IntVal: {
+        int v = 0;
+        _Text.ConvertToNum(&v, "%d");
+        _IntValues[_Key] = v;
+        break;
+      }
+      case Kind::FloatVal: {
+        double d = 0.0;
+        _Text.ConvertToNum(&d, "%le");
+        _DoubleValues[_Key] = d;
+        break;
+      }
+      case Kind::StrVal:
+        _StringValues[_Key] = text;
+        break;
+      case Kind::EnumVal:
+        // The enum value's name is its type, not a path component: filed under the parent node.
+        RemoveLastComponent(_Key);
+        RemoveLastComponent(_Key);
+        _Key += '.';
+        AppendNumber(_Key, n);
+        _EnumValues[_Key] = text;
+        break;
+      case Kind::ColorVal: {
+        std::vector<int> rgb;
+        SplitColor(_Text.str(), rgb);
+        _IntArrays[_CurrentPath] = std::move(rgb);
+        break;
+      }
+      default:
+        break;
+    }
+  } else {
+    // One more value at the same path: the values form an array under the bare path.
+    switch (kind) {
+      case Kind::IntVal: {
+        if (const int* first = _IntValues.Find(_Key)) {
+          int v = *first;
+          _IntValues.Erase(_Key);
+          _IntArrays[_CurrentPath] = {v};
+        }
+        int v = 0;
+        _Text.ConvertToNum(&v, "%d");
+        _IntArrays[_CurrentPath].push_back(v);
+        break;
+      }
+      case Kind::FloatVal: {
+        if (const double* first = _DoubleValues.Find(_Key)) {
+          double v = *first;
+          _DoubleValues.Erase(_Key);
+          _DoubleArrays[_CurrentPath] = {v};
+        }
+        double d = 0.0;
+        _Text.ConvertToNum(&d, "%le");
+        _DoubleArrays[_CurrentPath].push_back(d);
+        break;
+      }
+      case Kind::StrVal:
+      case Kind::EnumVal: {
+        if (const ZOLVotSpan* first = _StringValues.Find(_Key)) {
+          ZOLVotSpan v = *first;
+          _StringValues.Erase(_Key);
+          _StringArrays[_CurrentPath] = {v};
+        }
+        _StringArrays[_CurrentPath].push_back(text);
+        break;
+      }
+      default:
+        break;
+    }
+  }
+  _PreviousPath = _CurrentPath;
+}
+
+void ZOLVotTransientStandard::SplitColor(std::string_view text, std::vector<int>& oValues) {
+  size_t i = 0;
+  while (i < text.size()) {
+    if (text[i] == ' ') {
+      ++i;
+      continue;
+    }
+    size_t end = text.find(' ', i);
+    if (end == std::string_view::npos) end = text.size();
+    oValues.push_back(StoiPiece(text.substr(i, end - i)));
+    i = end;
+  }
+}
+
+// ---------------------------------------------------------------------------------------------
+// Tree
+
+std::string_view ZOLVotTransientStandard::Type(const Node& n) const {
+  if (n.kind == Kind::Other) return {_Chars.data() + n.typeOff, n.typeLen};
+  return kTypeNames[static_cast<int>(n.kind)];
+}
+
+const Node* ZOLVotTransientStandard::FindChild(uint32_t first, std::string_view name) const {
+  for (const Node* c = At(first); c; c = At(c->nextSibling))
+    if (Name(*c) == name) return c;
+  return nullptr;
+}
+
+const Node* ZOLVotTransientStandard::FindNode(std::string_view path, int index) {
+  if (path.empty()) return nullptr;
+  _NodeKey.assign(path);
+  AppendNumber(_NodeKey, index);
+  if (const uint32_t* hit = _NodeCache.Find(_NodeKey)) return &_Nodes[*hit];
+
+  _Components.clear();
+  for (size_t pos = 0; pos <= path.size();) {
+    size_t dot = path.find('.', pos);
+    if (dot == std::string_view::npos) dot = path.size();
+    if (dot > pos) _Components.push_back(path.substr(pos, dot - pos));
+    pos = dot + 1;
+  }
+  const uint32_t topLevel = _Root == Node::kNone ? Node::kNone : _Nodes[_Root].firstChild;
+  uint32_t list = topLevel;
+  const Node* result = nullptr;
+  for (size_t c = 0; c < _Components.size(); ++c) {
+    std::string_view component = _Components[c];
+    const Node* node = FindChild(list, component);
+    if (node) {
+      if (node->kind == Kind::TypeVal && index >= 2) {
+        // The index-th of the same-named entries.
+        int count = 1;
+        const Node* sibling = NextSibling(*node);
+        node = nullptr;
+        for (; sibling; sibling = NextSibling(*sibling))
+          if (Name(*sibling) == component && ++count == index) {
+            node = sibling;
+            break;
+          }
+        if (!node) return nullptr;
+      }
+    } else if (c != 0) {
+      // A list of typed entries is transparent: look in the index-th entry.
+      const Node* entry = nullptr;
+      int count = 0;
+      for (const Node* s = At(list); s; s = NextSibling(*s))
+        if (s->kind == Kind::TypeVal && ++count == index) {
+          entry = s;
+          break;
+        }
+      if (!entry) return nullptr;
+      node = FindChild(entry->firstChild, component);
+      if (!node) return nullptr;
+    } else {
+      // A path need not spell out "Styles".
+      const Node* styles = FindChild(topLevel, "Styles");
+      if (!styles) continue;
+      node = FindChild(styles->firstChild, component);
+      if (!node) return nullptr;
+    }
+    list = node->firstChild;
+    if (c + 1 == _Components.size()) result = node;
+  }
+  if (result) _NodeCache[_NodeKey] = IndexOf(result);
+  return result;
+}
+
+// ---------------------------------------------------------------------------------------------
+// Values
+
+std::string_view ZOLVotTransientStandard::MakeKey(std::string_view path, int index) {
+  _Key.assign(path);
+  _Key += '.';
+  AppendNumber(_Key, index);
+  return _Key;
+}
+
+std::string_view ZOLVotTransientStandard::MakeParentKey(std::string_view path, int index) {
+  return MakeKey(ParentOf(path), index);
+}
+
+int ZOLVotTransientStandard::ReadInt(std::string_view text) {
+  int v = 0;
+  ZOLUnicodeString(text).ConvertToNum(&v, "%d");
+  return v;
+}
+
+double ZOLVotTransientStandard::ReadReal(std::string_view text) {
+  double d = 0.0;
+  ZOLUnicodeString(text).ConvertToNum(&d, "%le");
+  return d;
+}
+
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, int& oValue) {
+  std::string_view path = iPath ? iPath : "";
+  if (const int* hit = _IntValues.Find(MakeKey(path, iIndex))) {
+    oValue = *hit;
+    return S_OK;
+  }
+  const Node* node = FindNode(path, iIndex);
+  if (!node) return E_FAIL;
+  std::string_view text;
+  if (node->kind == Kind::IntVal) text = Value(*node);
+  else if (node->kind == Kind::Node && FirstChild(*node)) text = Value(*FirstChild(*node));
+  else return E_FAIL;
+  int v = ReadInt(text);
+  oValue = v;
+  _IntValues[MakeKey(path, iIndex)] = v;
+  return S_OK;
+}
+
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, double& oValue) {
+  std::string_view path = iPath ? iPath : "";
+  if (const double* hit = _DoubleValues.Find(MakeKey(path, iIndex))) {
+    oValue = *hit;
+    return S_OK;
+  }
+  const Node* node = FindNode(path, iIndex);
+  if (!node) return E_FAIL;
+  std::string_view text;
+  if (node->kind == Kind::FloatVal) text = Value(*node);
+  else if (node->kind == Kind::Node && FirstChild(*node)) text = Value(*FirstChild(*node));
+  else return E_FAIL;
+  double d = ReadReal(text);
+  oValue = d;
+  _DoubleValues[MakeKey(path, iIndex)] = d;
+  return S_OK;
+}
+
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, ZOLUnicodeString& oValue) {
+  std::string_view path = iPath ? iPath : "";
+  std::string_view key = MakeKey(path, iIndex);
+  const ZOLVotSpan* hit = _StringValues.Find(key);
+  if (!hit) hit = _EnumValues.Find(key);
+  // Kept on purpose: an enum value also answers at its node's path followed by any last component.
+  if (!hit) hit = _EnumValues.Find(MakeParentKey(path, iIndex));
+  if (hit) {
+    oValue.str().assign(ZOLVotView(_Chars, *hit));
+    return S_OK;
+  }
+  const Node* node = FindNode(path, iIndex);
+  if (!node) return E_FAIL;
+  ZOLVotSpan text;
+  if (node->kind == Kind::StrVal || node->kind == Kind::EnumVal) text = node->value;
+  else if (node->kind == Kind::Node && FirstChild(*node)) text = FirstChild(*node)->value;
+  else return E_FAIL;
+  oValue.str().assign(ZOLVotView(_Chars, text));
+  _StringValues[MakeKey(path, iIndex)] = text;
+  return S_OK;
+}
+
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int* oValues, int* oCount) {
+  if (!oValues) {
+    ZOLAssertPointer("");
+    return E_INVALIDARG;
+  }
+  std::string_view path = iPath ? iPath : "";
+  int count = 0;
+  if (const std::vector<int>* hit = _IntArrays.Find(path)) {
+    std::copy(hit->begin(), hit->end(), oValues);
+    count = static_cast<int>(hit->size());
+  } else if (const int* single = _IntValues.Find(MakeKey(path, 1))) {
+    oValues[0] = *single;
+    count = 1;
+  } else if (const Node* node = FindNode(path, 1)) {
+    if (node->kind == Kind::IntVal) {
+      oValues[0] = ReadInt(Value(*node));
+      _IntValues[MakeKey(path, 1)] = oValues[0];
+      count = 1;
+    } else if (node->kind == Kind::ColorVal) {
+      std::vector<int> rgb;
+      SplitColor(Value(*node), rgb);
+      std::copy(rgb.begin(), rgb.end(), oValues);
+      _IntArrays[path] = std::move(rgb);
+      count = 3;
+    } else {
+      std::vector<int> list;
+      for (const Node* c = FirstChild(*node); c; c = NextSibling(*c)) {
+        if (c->kind == Kind::IntVal) {
+          int v = ReadInt(Value(*c));
+          oValues[list.size()] = v;
+          list.push_back(v);
+          count = static_cast<int>(list.size());
+        } else if (c->kind == Kind::ColorVal) {
+          SplitColor(Value(*c), list);
+          std::copy(list.begin(), list.end(), oValues);
+          count = 3;
+        }
+      }
+      _IntArrays[path] = std::move(list);
+    }
+  }
+  if (oCount) *oCount = count;
+  return count == 0 ? E_FAIL : S_OK;
+}
+
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, double* oValues, int* oCount) {
+  if (!oValues) {
+    ZOLAssertPointer("");
+    return E_INVALIDARG;
+  }
+  std::string_view path = iPath ? iPath : "";
+  int count = 0;
+  if (const std::vector<double>* hit = _DoubleArrays.Find(path)) {
+    std::copy(hit->begin(), hit->end(), oValues);
+    count = static_cast<int>(hit->size());
+  } else if (const double* single = _DoubleValues.Find(MakeKey(path, 1))) {
+    oValues[0] = *single;
+    count = 1;
+  } else if (const Node* node = FindNode(path, 1)) {
+    if (node->kind == Kind::FloatVal) {
+      oValues[0] = ReadReal(Value(*node));
+      _DoubleValues[MakeKey(path, 1)] = oValues[0];
+      count = 1;
+    } else {
+      // Kept on purpose: each element reads the node's own text, not the child's (0.0 for a node).
+      std::vector<double> list;
+      for (const Node* c = FirstChild(*node); c; c = NextSibling(*c))
+        if (c->kind == Kind::FloatVal) {
+          double d = ReadReal(Value(*node));
+          oValues[list.size()] = d;
+          list.push_back(d);
+        }
+      count = static_cast<int>(list.size());
+      _DoubleArrays[path] = std::move(list);
+    }
+  }
+  if (oCount) *oCount = count;
+  return count == 0 ? E_FAIL : S_OK;
+}
+
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, ZOLUnicodeString** oValues, int* oCount) {
+  if (!oValues) {
+    ZOLAssertPointer("");
+    return E_INVALIDARG;
+  }
+  std::string_view path = iPath ? iPath : "";
+  int count = 0;
+  const ZOLVotSpan* single = nullptr;
+  if (const std::vector<ZOLVotSpan>* hit = _StringArrays.Find(path)) {
+    WriteStrings(_Chars, *hit, oValues);
+    count = static_cast<int>(hit->size());
+  } else if ((single = _StringValues.Find(MakeKey(path, 1))) || (single = _EnumValues.Find(_Key)) ||
+             (single = _EnumValues.Find(MakeParentKey(path, 1)))) {
+    if (oValues[0]) oValues[0]->str().assign(ZOLVotView(_Chars, *single));
+    count = 1;
+  } else if (const Node* node = FindNode(path, 1)) {
+    if (node->kind == Kind::StrVal) {
+      if (oValues[0]) oValues[0]->str().assign(Value(*node));
+      _StringValues[MakeKey(path, 1)] = node->value;
+      count = 1;
+    } else {
+      // Kept on purpose: each element is the node's own text, not the child's (empty for a node).
+      std::vector<ZOLVotSpan> list;
+      for (const Node* c = FirstChild(*node); c; c = NextSibling(*c))
+        if (c->kind == Kind::StrVal) list.push_back(node->value);
+      WriteStrings(_Chars, list, oValues);
+      count = static_cast<int>(list.size());
+      _StringArrays[path] = std::move(list);
+    }
+  }
+  if (oCount) *oCount = count;
+  return count == 0 ? E_FAIL : S_OK;
+}
+
+HRESULT ZOLVotTransientStandard::GetValueType(const char* iPath, ZOLDftStandardValueType* oType, int* oCount) {
+  if (!oType) {
+    ZOLAssertPointer("");
+    return E_INVALIDARG;
+  }
+  if (oCount) *oCount = 0;
+  const Node* node = FindNode(iPath ? iPath : "", 1);
+  if (!node) return E_FAIL;
+  const Node* first = FirstChild(*node);
+  std::string_view reference = first ? Type(*first) : std::string_view();
+  int count = 0, children = 0;
+  for (const Node* c = first; c; c = NextSibling(*c)) {
+    ++children;
+    if (Type(*c) == reference) ++count;
+    else ZOLAssertBool("");
+  }
+  if (count != children) {
+    ZOLAssertBool("All Nodes have not the same type");
+    return E_UNEXPECTED;
+  }
+  ZOLDftStandardValueType type = ZOLDftStandardValueTypeUnknown;
+  if (reference == "std:intval") type = ZOLDftStandardValueTypeInteger;
+  else if (reference == "std:floatval") type = ZOLDftStandardValueTypeReal;
+  else if (reference == "std:strval") type = ZOLDftStandardValueTypeString;
+  else if (reference == "std:enumval") type = ZOLDftStandardValueTypeEnum;
+  else if (reference == "std:typeval") type = ZOLDftStandardValueTypeTypedEntry;
+  *oType = type;
+  if (type == ZOLDftStandardValueTypeUnknown) {
+    ZOLAssertBool("Unknown standard value type!");
+    ZOLAssertBool("");
+    return E_UNEXPECTED;
+  }
+  if (oCount) *oCount = count;
+  return S_OK;
+}
+
+HRESULT ZOLVotTransientStandard::GetThicknessIndex(double iMillimetres, int* oIndex) {
+  if (iMillimetres < 0.0) return E_INVALIDARG;
+  if (!oIndex) {
+    ZOLAssertPointer("");
+    return E_INVALIDARG;
+  }
+  *oIndex = 0;
+  double best = static_cast<double>(1e25f);
+  double value = 0.0;
+  for (int i = 1; SUCCEEDED(GetValue("LineThickness.mm", i, value)); ++i) {
+    // Strictly closer only: on a tie the lower row wins.
+    if (std::fabs(iMillimetres - value) < best) {
+      best = std::fabs(iMillimetres - value);
+      *oIndex = i;
+    }
+  }
+  return S_OK;
+}
+
+// ---------------------------------------------------------------------------------------------
+// Names, nodes and styles
+
+HRESULT ZOLVotTransientStandard::GetName(wchar_t** oName) {
+  if (!oName) {
+    ZOLAssertBool("");
+    return E_INVALIDARG;
+  }
+  *oName = _Name.ConvertToWChar();
+  if (!*oName) {
+    ZOLAssertPointer("");
+    return E_UNEXPECTED;
+  }
+  return S_OK;
+}
+
+HRESULT ZOLVotTransientStandard::GetName(ZOLUnicodeString& oName) {
+  oName = _Name;
+  return S_OK;
+}
+
+HRESULT ZOLVotTransientStandard::GetParentStandard(wchar_t** oName) {
+  if (!oName) return E_INVALIDARG;
+  ZOLUnicodeString parent;
+  GetParentStandard(parent);
+  *oName = parent.ConvertToWChar();
+  return S_OK;
+}
+
+HRESULT ZOLVotTransientStandard::GetParentStandard(ZOLUnicodeString& oName) {
+  if (GetValue("Dimension.ParentStandard", 1, oName) != S_OK) {
+    ZOLAssertBool("");
+    return E_UNEXPECTED;
+  }
+  return S_OK;
+}
+
+unsigned char ZOLVotTransientStandard::HasNode(const char* iPath) {
+  return FindNode(iPath ? iPath : "", 1) ? 1 : 0;
+}
+
+HRESULT ZOLVotTransientStandard::GetStyleNames(const char* iType, ZOLListValZOLUnicodeString* oNames) {
+  if (!oNames) {
+    ZOLAssertPointer("");
+    return E_INVALIDARG;
+  }
+  oNames->RemoveAll();
+  std::string path = "Styles.";
+  path += iType ? iType : "";
+  const Node* node = FindNode(path, 1);
+  if (!node) {
+    ZOLAssertBool("");
+    return E_UNEXPECTED;
+  }
+  for (const Node* c = FirstChild(*node); c; c = NextSibling(*c)) {
+    if (c->kind != Kind::Node) ZOLAssertBool("");
+    else if (c->name.len) oNames->Append(ZOLUnicodeString(Name(*c)));
+  }
+  return S_OK;
+}
+
+HRESULT ZOLVotTransientStandard::GetReserved19(int, int* oValue) {
+  if (oValue) *oValue = 0;
+  return S_OK;
+}
+
+HRESULT ZOLVotTransientStandard::GetStandardValue(ZOLIStandardValue** oValue) {
+  if (oValue) *oValue = nullptr;
+  return Stub();  // value objects come with their own class
+}
+
+HRESULT ZOLVotTransientStandard::GetStandardValue(ZOLIStandardValue** oValue, char** oFirst, char** oSecond) {
+  if (!oValue || !oFirst || !oSecond) return E_INVALIDARG;
+  HRESULT hr = GetStandardValue(oValue);
+  if (!*oValue) {
+    ZOLAssertPointer("");
+    return E_UNEXPECTED;
+  }
+  *oSecond = new char[1]{'\0'};
+  *oFirst = new char[1]{'\0'};
+  return hr;
+}
+
+// ---------------------------------------------------------------------------------------------
+// Slots that the object does not carry out
+
+HRESULT ZOLVotTransientStandard::Stub() {
+  ZOLAssertMessage("TO_BE_IMPLEMENTED...");
+  return E_NOTIMPL;
+}
+
+HRESULT ZOLVotTransientStandard::Reserved12() { return Stub(); }
+HRESULT ZOLVotTransientStandard::Reserved15() { return Stub(); }
+HRESULT ZOLVotTransientStandard::Reserved16() { return Stub(); }
+HRESULT ZOLVotTransientStandard::Reserved17() { return Stub(); }
+HRESULT ZOLVotTransientStandard::Reserved20() { return Stub(); }
+HRESULT ZOLVotTransientStandard::Reserved21() { return Stub(); }
+HRESULT ZOLVotTransientStandard::Reserved22() { return Stub(); }
+HRESULT ZOLVotTransientStandard::Reserved24() { return E_NOTIMPL; }
+HRESULT ZOLVotTransientStandard::Reserved25() { return Stub(); }
+HRESULT ZOLVotTransientStandard::Reserved26() { return Stub(); }
+void ZOLVotTransientStandard::Reserved27() { Stub(); }
+HRESULT ZOLVotTransientStandard::Reserved28() { return Stub(); }
+
+// ---------------------------------------------------------------------------------------------
+// Listings and measurements
+
+namespace {
+
+// Orders keys as text, but runs of digits by their number, so that "X.2" comes before "X.10".
+bool NaturalLess(const std::string& a, const std::string& b) {
+  size_t i = 0, j = 0;
+  while (i < a.size() && j < b.size()) {
+    bool da = a[i] >= '0' && a[i] <= '9', db = b[j] >= '0' && b[j] <= '9';
+    if (da && db) {
+      size_t ie = i, je = j;
+      while (ie < a.size() && a[ie] >= '0' && a[ie] <= '9') ++ie;
+      while (je < b.size() && b[je] >= '0' && b[je] <= '9') ++je;
+      if (ie - i != je - j) return ie - i < je - j;
+      int c = a.compare(i, ie - i, b, j, je - j);
+      if (c) return c < 0;
+      i = ie;
+      j = je;
+    } else {
+      if (a[i] != b[j]) return static_cast<unsigned char>(a[i]) < static_cast<unsigned char>(b[j]);
+      ++i;
+      ++j;
+    }
+  }
+  return a.size() - i < b.size() - j;
+}
+
+std::string Format(int v) { return ZOLUnicodeString().BuildFromNum(v).str(); }
+std::string Format(double v) { return ZOLUnicodeString().BuildFromNum(v, "%.10g").str(); }
+
+template <class T>
+std::string Join(const std::vector<T>& values) {
+  std::string text;
+  for (const T& v : values) {
+    if (!text.empty()) text += ' ';
+    text += Format(v);
+  }
+  return text;
+}
+
+}  // namespace
+
+void ZOLVotTransientStandard::ListFiledValues(std::string_view prefix, std::vector<ZOLVotFiledValue>& oValues) const {
+  auto wanted = [&](std::string_view key) { return key.substr(0, prefix.size()) == prefix; };
+  auto text = [&](ZOLVotSpan s) { return std::string(ZOLVotView(_Chars, s)); };
+  _IntValues.ForEach([&](std::string_view k, int v) {
+    if (wanted(k)) oValues.push_back({std::string(k), "integer", Format(v)});
+  });
+  _DoubleValues.ForEach([&](std::string_view k, double v) {
+    if (wanted(k)) oValues.push_back({std::string(k), "real", Format(v)});
+  });
+  _StringValues.ForEach([&](std::string_view k, ZOLVotSpan v) {
+    if (wanted(k)) oValues.push_back({std::string(k), "string", text(v)});
+  });
+  _EnumValues.ForEach([&](std::string_view k, ZOLVotSpan v) {
+    if (wanted(k)) oValues.push_back({std::string(k), "enum", text(v)});
+  });
+  _IntArrays.ForEach([&](std::string_view k, const std::vector<int>& v) {
+    if (wanted(k)) oValues.push_back({std::string(k), "integers", Join(v)});
+  });
+  _DoubleArrays.ForEach([&](std::string_view k, const std::vector<double>& v) {
+    if (wanted(k)) oValues.push_back({std::string(k), "reals", Join(v)});
+  });
+  _StringArrays.ForEach([&](std::string_view k, const std::vector<ZOLVotSpan>& v) {
+    if (!wanted(k)) return;
+    std::string joined;
+    for (size_t i = 0; i < v.size(); ++i) joined += (i ? " " : "") + text(v[i]);
+    oValues.push_back({std::string(k), "strings", joined});
+  });
+  std::stable_sort(oValues.begin(), oValues.end(),
+                   [](const ZOLVotFiledValue& a, const ZOLVotFiledValue& b) { return NaturalLess(a.key, b.key); });
+}
+
+size_t ZOLVotTransientStandard::MemoryBytes() const {
+  size_t bytes = sizeof(*this) + _Chars.capacity() + _Nodes.capacity() * sizeof(Node);
+  bytes += _EnumDefinitions.SlotBytes() + _IntValues.SlotBytes() + _IntArrays.SlotBytes() + _DoubleValues.SlotBytes() +
+           _DoubleArrays.SlotBytes() + _StringValues.SlotBytes() + _EnumValues.SlotBytes() +
+           _StringArrays.SlotBytes() + _NodeCache.SlotBytes();
+  _EnumDefinitions.ForEach([&](std::string_view, const std::vector<ZOLVotSpan>& v) { bytes += v.capacity() * sizeof(ZOLVotSpan); });
+  _IntArrays.ForEach([&](std::string_view, const std::vector<int>& v) { bytes += v.capacity() * sizeof(int); });
+  _DoubleArrays.ForEach([&](std::string_view, const std::vector<double>& v) { bytes += v.capacity() * sizeof(double); });
+  _StringArrays.ForEach([&](std::string_view, const std::vector<ZOLVotSpan>& v) { bytes += v.capacity() * sizeof(ZOLVotSpan); });
+  return bytes;
+}
