@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "ZOLClassDictionary.h"
+#include "ZOLDftStandardServices.h"
 #include "ZOLSysLog.h"
 #include "ZOLXMLSAXIds.h"
 
@@ -652,6 +653,14 @@ HRESULT ZOLVotTransientStandard::GetThicknessIndex(double iMillimetres, int* oIn
     }
   }
   return S_OK;
+}
+
+int ZOLVotTransientStandard::GetStdVersion() {
+  if (_Version != -1) return _Version;
+  if (GetValue("Version", 1, _Version) == S_OK) return _Version;
+  ZOLUnicodeString className;
+  ZOLDftStandardServices::GetStandardClassAndVersion(_FilePath, className, _Version);
+  return _Version;
 }
 
 // ---------------------------------------------------------------------------------------------
