@@ -45,7 +45,7 @@ public:
   int IsCached() const { return _cached; }
 
 private:
-  long ReadSheetStyle(ZOLAnnStandardXMLNode* node, ZOLDrwStdSheetStyle& style);
+  long ReadSheetStyle(const ZOLAnnStandardXMLNode* node, ZOLDrwStdSheetStyle& style);
   int DocumentVersion();
 
   // Shared with the cache: a later object that replaces the cache leaves this one its parser.

@@ -77,7 +77,15 @@ HRESULT ZOLStdServices::CopyStandard(const ZOLUnicodeString& name, const ZOLUnic
     std::string bytes;
     // The first file of the name decides: a later directory's file of that name is not a fallback.
     if (FAILED(ZOLReadFile(source.c_str(), bytes))) return E_FAIL;
-    return ZOLWriteFileAtomically(destination.ConvertToChar(), bytes);
+    return WriteFileIfChanged(destination.ConvertToChar(), bytes);
   }
   return E_FAIL;
+}
+
+HRESULT ZOLStdServices::WriteFileIfChanged(const char* path, std::string_view bytes) {
+  if (!path) return E_FAIL;
+  // An unchanged working copy keeps its modification time, so that caches keyed by it stay valid.
+  std::string present;
+  if (SUCCEEDED(ZOLReadFile(path, present)) && present == bytes) return S_OK;
+  return ZOLWriteFileAtomically(path, bytes);
 }

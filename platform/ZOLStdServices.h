@@ -6,6 +6,8 @@
 // ZOLCollectionStandard (the site's own standards) come first, then those of
 // ZOLDefaultCollectionStandard (the delivered ones), so that a site's file of a name wins.
 #pragma once
+#include <string_view>
+
 #include "ZOLListValZOLUnicodeString.h"
 #include "ZOLResult.h"
 #include "ZOLUnicodeString.h"
@@ -24,5 +26,8 @@ ZOLListValZOLUnicodeString* GetStandardFiles(const ZOLUnicodeString& kind);
 /// Copies the first "<dir>/<kind>/<name>.xml" of the repository to destination through a temporary
 /// name and a rename; S_OK, or E_FAIL when there is no such file or it cannot be copied.
 HRESULT CopyStandard(const ZOLUnicodeString& name, const ZOLUnicodeString& kind, const ZOLUnicodeString& destination);
+/// Writes bytes to path through a temporary name and a rename, unless the file already holds exactly
+/// these bytes, in which case it is left untouched (its modification time too); S_OK or E_FAIL.
+HRESULT WriteFileIfChanged(const char* path, std::string_view bytes);
 
 }  // namespace ZOLStdServices

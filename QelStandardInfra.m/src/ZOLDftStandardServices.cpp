@@ -61,7 +61,7 @@ int ClassOfFile(const std::string& path) {
 // 1 when written, 0 otherwise. Through a temporary name and a rename, so that another process
 // reading the same working copy meanwhile sees the old file or the new one, never half of one.
 int WriteTextToFile(const ZOLUnicodeString& text, const std::string& path) {
-  if (FAILED(ZOLWriteFileAtomically(path.c_str(), text.str()))) {
+  if (FAILED(ZOLStdServices::WriteFileIfChanged(path.c_str(), text.str()))) {
     std::fprintf(stderr, "Failed to open file for writing: %s\n", path.c_str());
     return 0;
   }
