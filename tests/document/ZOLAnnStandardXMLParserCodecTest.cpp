@@ -32,6 +32,7 @@ struct FakeCodec : ZOLAnnStandardXMLParserCodec {
 // Hands out one prepared codec (or null), then nulls.
 struct FakeFactory : ZOLAnnStandardXMLParserCodecFactory {
   explicit FakeFactory(FakeCodec* codec) : next(codec) {}
+  ~FakeFactory() override { delete next; }
   ZOLAnnStandardXMLParserCodec* CreateCodec() override { return std::exchange(next, nullptr); }
   FakeCodec* next;
 };
