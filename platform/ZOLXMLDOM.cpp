@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <cstring>
 #include <mutex>
+#include <vector>
 
 #include "ZOLFile.h"
 
@@ -247,28 +248,45 @@ HRESULT ZOLIDOMNodeList::Item(int index, ZOLIDOMNode& node) const {
 
 // ---------------------------------------------------------------- documents
 
+struct ZOLIDOMDocument::Holder {
+  explicit Holder(xmlDoc* d) : doc(d) {}
+  ~Holder() {
+    for (xmlNode* n : created)
+      if (!n->parent) xmlFreeNode(n);
+    xmlFreeDoc(doc);
+  }
+  Holder(const Holder&) = delete;
+  Holder& operator=(const Holder&) = delete;
+  xmlDoc* doc;
+  std::vector<xmlNode*> created;
+};
+
 ZOLIDOMDocument::ZOLIDOMDocument(_xmlDoc* doc) {
-  if (doc) _doc.reset(doc, [](_xmlDoc* d) { xmlFreeDoc(d); });
+  if (doc) _holder = std::make_shared<Holder>(doc);
 }
 
+_xmlDoc* ZOLIDOMDocument::Raw() const { return _holder ? _holder->doc : nullptr; }
+
 HRESULT ZOLIDOMDocument::GetDocumentElement(ZOLIDOMElement& element) const {
-  if (!_doc) return E_FAIL;
-  element = ZOLIDOMElement(ZOLIDOMNode(xmlDocGetRootElement(_doc.get())));
+  if (!_holder) return E_FAIL;
+  element = ZOLIDOMElement(ZOLIDOMNode(xmlDocGetRootElement(_holder->doc)));
   return S_OK;
 }
 
 HRESULT ZOLIDOMDocument::CreateElementNS(std::string_view uri, std::string_view qualifiedName, ZOLIDOMElement& element) {
-  if (!_doc) return E_FAIL;
+  if (!_holder) return E_FAIL;
+  xmlDoc* doc = _holder->doc;
   size_t colon = qualifiedName.find(':');
   std::string prefix = colon == std::string_view::npos ? std::string() : Z(qualifiedName.substr(0, colon));
   std::string local = Z(colon == std::string_view::npos ? qualifiedName : qualifiedName.substr(colon + 1));
   if (local.empty() || (colon != std::string_view::npos && prefix.empty()) || (uri.empty() && !prefix.empty()))
     return E_INVALIDARG;
-  xmlNode* node = xmlNewDocNode(_doc.get(), nullptr, X(local), nullptr);
+  xmlNode* node = xmlNewDocNode(doc, nullptr, X(local), nullptr);
   if (!node) return E_FAIL;
+  _holder->created.push_back(node);
   if (!uri.empty()) {
     xmlNs* ns = nullptr;
-    if (xmlNode* root = xmlDocGetRootElement(_doc.get())) {
+    if (xmlNode* root = xmlDocGetRootElement(doc)) {
       for (xmlNs* d = root->nsDef; d && !ns; d = d->next)
         if (View(d->href) == uri && View(d->prefix) == prefix) ns = d;
     }
@@ -276,10 +294,7 @@ HRESULT ZOLIDOMDocument::CreateElementNS(std::string_view uri, std::string_view 
       std::string u = Z(uri);
       ns = xmlNewNs(node, X(u), prefix.empty() ? nullptr : X(prefix));
     }
-    if (!ns) {
-      xmlFreeNode(node);
-      return E_FAIL;
-    }
+    if (!ns) return E_FAIL;
     xmlSetNs(node, ns);
   }
   element = ZOLIDOMElement(ZOLIDOMNode(node));
@@ -287,19 +302,20 @@ HRESULT ZOLIDOMDocument::CreateElementNS(std::string_view uri, std::string_view 
 }
 
 HRESULT ZOLIDOMDocument::CreateTextNode(std::string_view text, ZOLIDOMNode& node) {
-  if (!_doc) return E_FAIL;
-  xmlNode* t = xmlNewDocTextLen(_doc.get(), reinterpret_cast<const xmlChar*>(text.data()), static_cast<int>(text.size()));
+  if (!_holder) return E_FAIL;
+  xmlNode* t = xmlNewDocTextLen(_holder->doc, reinterpret_cast<const xmlChar*>(text.data()), static_cast<int>(text.size()));
   if (!t) return E_FAIL;
+  _holder->created.push_back(t);
   node = ZOLIDOMNode(t);
   return S_OK;
 }
 
 HRESULT ZOLIDOMDocument::AppendChild(const ZOLIDOMNode& child) {
-  if (!_doc) return E_FAIL;
+  if (!_holder) return E_FAIL;
   xmlNode* c = child.Raw();
-  if (!c || c->type != XML_ELEMENT_NODE || c->parent || c->doc != _doc.get() || xmlDocGetRootElement(_doc.get()))
+  if (!c || c->type != XML_ELEMENT_NODE || c->parent || c->doc != _holder->doc || xmlDocGetRootElement(_holder->doc))
     return E_INVALIDARG;
-  xmlDocSetRootElement(_doc.get(), c);
+  xmlDocSetRootElement(_holder->doc, c);
   return S_OK;
 }
 

@@ -94,8 +94,10 @@ class ZOLIDOMNodeList {
 public:
   /// An empty list.
   ZOLIDOMNodeList() = default;
-  /// The children of node (empty for null).
+  /// The children of node (a null list for a null node or an entity reference).
   explicit ZOLIDOMNodeList(_xmlNode* parent);
+  /// 1 for a list of no node.
+  bool IsNull() const { return _parent == nullptr; }
   /// Number of children, as counted when the list was taken.
   int GetLength() const { return _length; }
   /// The child at a 0-based index; E_INVALIDARG out of range.
@@ -117,22 +119,24 @@ public:
   explicit ZOLIDOMDocument(_xmlDoc* doc);
 
   /// 1 for the null handle.
-  bool IsNull() const { return !_doc; }
+  bool IsNull() const { return !_holder; }
   /// The document element (null when there is none); E_FAIL on null.
   HRESULT GetDocumentElement(ZOLIDOMElement& element) const;
-  /// A new element without parent; the prefix of a qualified name is bound to uri, reusing a
+  /// A new element without parent (freed with the document if never appended); the prefix of a qualified name is bound to uri, reusing a
   /// declaration of the document element when there is one; S_OK, E_INVALIDARG, E_FAIL on null.
   HRESULT CreateElementNS(std::string_view uri, std::string_view qualifiedName, ZOLIDOMElement& element);
-  /// A new text node without parent; S_OK or E_FAIL.
+  /// A new text node without parent (freed with the document if never appended); S_OK or E_FAIL.
   HRESULT CreateTextNode(std::string_view text, ZOLIDOMNode& node);
   /// Makes an element the document element; E_INVALIDARG when there is one already or it is no element.
   HRESULT AppendChild(const ZOLIDOMNode& child);
 
   /// The libxml2 document, for the platform's own use.
-  _xmlDoc* Raw() const { return _doc.get(); }
+  _xmlDoc* Raw() const;
 
 private:
-  std::shared_ptr<_xmlDoc> _doc;
+  // The tree, and the nodes created for it, which go with it if they were never appended.
+  struct Holder;
+  std::shared_ptr<Holder> _holder;
 };
 
 using ZOLIDOMNode_var = ZOLIDOMNode;

@@ -1,0 +1,535 @@
+// The DOM codec: decoding by the rules of the dialect, encoding in root order, and bad input.
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <sys/resource.h>
+#include <unistd.h>
+#include <vector>
+
+#include "ZOLAnnStandardXMLNode.h"
+#include "ZOLAnnStandardXMLParser.h"
+#include "ZOLAnnStandardXMLParserDOMCodec.h"
+#include "ZOLDftStdNamespace.h"
+#include "ZOLTestReports.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const std::string kNs(ZOLDftStdNamespaceURI);
+
+// A document of the dialect around body.
+std::string Std(const std::string& body, const std::string& rootAttributes = " name=\"drafting\"") {
+  return "<?xml version=\"1.0\"?><std:node xmlns:std=\"" + kNs + "\"" + rootAttributes + ">" + body + "</std:node>";
+}
+
+// Every node and value of a tree, one per line, indented by depth; iterative so that deep trees can be dumped.
+std::string Dump(const ZOLAnnStandardXMLNode* root) {
+  std::ostringstream out;
+  std::vector<std::pair<const ZOLAnnStandardXMLNode*, int>> stack{{root, 0}};
+  while (!stack.empty()) {
+    auto [n, depth] = stack.back();
+    stack.pop_back();
+    out << std::string(depth, ' ') << n->GetNodeType() << ":" << n->Name().str() << "\n";
+    for (auto* v : n->Values())
+      out << std::string(depth + 1, ' ') << "v" << v->GetType() << " [" << v->Name().str() << "] r" << v->GetRangeVal()
+          << " '" << v->Value().str() << "'\n";
+    for (auto it = n->SubNodes().rbegin(); it != n->SubNodes().rend(); ++it) stack.push_back({*it, depth + 1});
+  }
+  return out.str();
+}
+
+std::string DumpAll(const ZOLAnnStandardXMLParser& p) { return Dump(p.EnumRoot()) + Dump(p.TypeDefRoot()) + Dump(p.Root()); }
+
+// A standard of every kind of node and value, built by edit strings.
+void BuildSample(ZOLAnnStandardXMLParser& p) {
+  for (const char* e : {"Enum:YesNo", "Enum:FontStyle", "TypeDef:SheetFormatDef", "Root:General",
+                        "Root:Styles", "Root.Styles:Sheet", "Root.Styles.Sheet:Default"})
+    ASSERT_EQ(p.AddNodeWithPath(e, 0), 0) << e;
+  for (const char* e : {"Enum.YesNo::string:Yes", "Enum.YesNo::string:No", "Enum.FontStyle::string:Normal",
+                        "Enum.FontStyle::string:Bold", "TypeDef.SheetFormatDef:Name:string:A4 ISO",
+                        "TypeDef.SheetFormatDef:Width:float:210", "TypeDef.SheetFormatDef:Kind:enum.YesNo:Yes",
+                        "TypeDef.SheetFormatDef:Count:int:1"})
+    ASSERT_EQ(p.AddValueWithPath(e, 1), 0) << e;
+  for (const char* e : {"Root:Version:int:290:1", "Root.General:Blank:string: ", "Root.General:Empty:string:",
+                        "Root.General:Markup:string:<a & \"b\"> 'c' \xc3\xa9", "Root.General:Color:color:140 140 140",
+                        "Root.General:Bold:enum.YesNo:Yes", "Root.Styles.Sheet.Default:GlobalScale:float.m.0.0:1.0:0"})
+    ASSERT_EQ(p.AddValueWithPath(e, 1), 0) << e;
+  ASSERT_EQ(p.AddNodeWithPath("Root.General:Formats", 1), 0);
+  for (const char* e : {"Root.General.Formats:Name:string:A0 ISO", "Root.General.Formats:Width:float:1189",
+                        "Root.General.Formats:Style:enum.YesNo:No"})
+    ASSERT_EQ(p.AddValueWithPath(e, -1), 0) << e;
+  ASSERT_EQ(p.AddNodeWithPath("Root.General.Formats:Inner", 1), 0);
+  ASSERT_EQ(p.AddValueWithPath("Root.General.Formats.Inner:X:int:3", -1), 0);
+}
+
+// Decodes text into a fresh parser; the parser's result (0 success).
+int Decode(ZOLAnnStandardXMLParser& p, const std::string& text) { return p.DecodeXML(ZOLUnicodeString(text), 0); }
+
+std::string Save(ZOLAnnStandardXMLParser& p) {
+  ZOLUnicodeString text;
+  p.SaveInString(text);
+  return text.str();
+}
+
+std::string TempDir() {
+  static int n = 0;
+  fs::path d = fs::temp_directory_path() / ("zolcodec_" + std::to_string(::getpid()) + "_" + std::to_string(++n));
+  fs::create_directories(d);
+  return d.string();
+}
+
+std::string ReadAll(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------- round trip
+
+TEST(DOMCodec, RoundTrip_EditStringTreeDecodesToTheSameTreeInTheSameOrder) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser built;
+  BuildSample(built);
+  std::string text = Save(built);
+  ZOLAnnStandardXMLParser read;
+  ASSERT_EQ(Decode(read, text), 0) << text;
+  EXPECT_EQ(DumpAll(read), DumpAll(built));
+  EXPECT_EQ(Save(read), text);  // a second round gives the same bytes
+  EXPECT_EQ(read.GetVersion(), 290);
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(DOMCodec, RoundTrip_WritesRootsInOrderWithMinvalAndName) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser built;
+  BuildSample(built);
+  std::string text = Save(built);
+  EXPECT_NE(text.find("<std:node xmlns:std=\"" + kNs + "\" name=\"drafting\">"), std::string::npos) << text;
+  size_t enumdef = text.find("<std:enumdef name=\"YesNo\">");
+  size_t typedef_ = text.find("<std:typedef name=\"SheetFormatDef\">");
+  size_t version = text.find("<std:node name=\"Version\">");
+  ASSERT_NE(enumdef, std::string::npos);
+  EXPECT_LT(enumdef, typedef_);
+  EXPECT_LT(typedef_, version);
+  EXPECT_NE(text.find("<std:floatval minval=\"0.0\">1.0</std:floatval>"), std::string::npos);
+  EXPECT_NE(text.find("<std:enumval name=\"YesNo\">Yes</std:enumval>"), std::string::npos);
+  EXPECT_NE(text.find("<std:strval> </std:strval>"), std::string::npos);
+  EXPECT_NE(text.find("<std:strval></std:strval>"), std::string::npos);
+  EXPECT_NE(text.find("&lt;a &amp; \"b\"&gt; 'c' \xc3\xa9"), std::string::npos);
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(DOMCodec, RoundTrip_ThroughAFile) {
+  ZOLTestReports reports;
+  std::string path = TempDir() + "/ISO.xml";
+  ZOLAnnStandardXMLParser built;
+  BuildSample(built);
+  ASSERT_EQ(built.SaveInFile(path), S_OK);
+  ZOLAnnStandardXMLParser read;
+  ASSERT_EQ(read.DecodeXML(ZOLUnicodeString(path), 1), 0);
+  EXPECT_EQ(DumpAll(read), DumpAll(built));
+  EXPECT_EQ(ReadAll(path), Save(built));
+  fs::remove_all(fs::path(path).parent_path());
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(DOMCodec, RoundTrip_ValuesComeBeforeSubNodesOnceWritten) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  ASSERT_EQ(Decode(p, Std("<std:node name=\"A\"><std:node name=\"B\"><std:intval>1</std:intval></std:node>"
+                          "<std:intval>2</std:intval></std:node>")), 0);
+  std::string text = Save(p);
+  EXPECT_LT(text.find("<std:intval>2</std:intval>"), text.find("<std:node name=\"B\">")) << text;
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(DOMCodec, Decode_TypedefInsideANodeLandsUnderTheTypeDefRootAndIsWrittenAtTheTop) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  ASSERT_EQ(Decode(p, Std("<std:node name=\"A\"><std:intval>1</std:intval>"
+                          "<std:typedef name=\"T\"><std:intval name=\"f\">0</std:intval></std:typedef>"
+                          "<std:node name=\"B\"><std:intval>2</std:intval></std:node></std:node>")), 0);
+  ASSERT_EQ(p.TypeDefRoot()->GetNumOfNode(), 1);
+  EXPECT_EQ(p.TypeDefRoot()->SubNodes()[0]->Name().str(), "T");
+  EXPECT_EQ(p.Root()->SubNodes()[0]->GetNumOfNode(), 1);  // only B
+  std::string text = Save(p);
+  EXPECT_LT(text.find("<std:typedef name=\"T\">"), text.find("<std:node name=\"A\">"));
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(DOMCodec, Decode_ReadsNameAndTypeOfTheDocumentElementAndWritesThemBack) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParserDOMCodec codec;
+  EXPECT_EQ(codec.GetName().str(), "drafting");
+  ZOLRef<ZOLAnnStandardXMLNode> t = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(ZOLAnnStandardXMLNode::RootNode, "TypeDef"));
+  ZOLRef<ZOLAnnStandardXMLNode> e = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(ZOLAnnStandardXMLNode::RootNode, "Enum"));
+  ZOLRef<ZOLAnnStandardXMLNode> r = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(ZOLAnnStandardXMLNode::RootNode, "Root"));
+  ASSERT_EQ(codec.Init(t.get(), e.get(), r.get()), S_OK);
+  ASSERT_EQ(codec.DecodeXMLString(ZOLUnicodeString(Std("", " name=\"mine\" type=\"kind\""))), S_OK);
+  EXPECT_EQ(codec.GetName().str(), "mine");
+  EXPECT_EQ(codec.GetType().str(), "kind");
+  ZOLUnicodeString out;
+  ASSERT_EQ(codec.SaveInString(out), S_OK);
+  EXPECT_NE(out.str().find("name=\"mine\" type=\"kind\""), std::string::npos);
+  // A document element without them leaves both empty, and nothing is written.
+  ASSERT_EQ(codec.DecodeXMLString(ZOLUnicodeString(Std("", ""))), S_OK);
+  EXPECT_EQ(codec.GetName().str(), "");
+  ASSERT_EQ(codec.SaveInString(out), S_OK);
+  EXPECT_NE(out.str().find("<std:node xmlns:std=\"" + kNs + "\"/>"), std::string::npos) << out.str();
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+// ---------------------------------------------------------------- the document element and foreign elements
+
+TEST(DOMCodec, Decode_DocumentElementOtherThanStdNodeIsAnInvalidStandard) {
+  for (const std::string& text :
+       {"<std:typeval xmlns:std=\"" + kNs + "\" name=\"x\"/>", std::string("<std:node xmlns:std=\"urn:other/std\"/>"),
+        std::string("<node name=\"drafting\"/>")}) {
+    ZOLTestReports reports;
+    ZOLAnnStandardXMLParser p;
+    EXPECT_EQ(Decode(p, text), 1) << text;
+    EXPECT_EQ(reports.Count(), 1);
+    EXPECT_EQ(reports.CountContaining("Invalid standard"), 1);
+  }
+}
+
+TEST(DOMCodec, Decode_ForeignElementsAreSkippedWithAllBelowThem) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  ASSERT_EQ(Decode(p, Std("<x:meta xmlns:x=\"urn:x\"><std:node name=\"Hidden\"/></x:meta>"
+                          "<plain><std:intval>bad</std:intval></plain>"
+                          "<std:enumdef name=\"E\"><x:note xmlns:x=\"urn:x\"/><std:strval>a</std:strval></std:enumdef>"
+                          "<std:typedef name=\"T\"><x:y xmlns:x=\"urn:x\"/><std:intval name=\"f\">0</std:intval></std:typedef>"
+                          "<std:node name=\"A\"><x:y xmlns:x=\"urn:x\"><std:enumdef/></x:y><std:intval>1</std:intval></std:node>"
+                          "<!-- a comment --><?pi here?>")), 0);
+  EXPECT_EQ(Dump(p.Root()), "0:Root\n 1:A\n  v1 [] r0 '1'\n");
+  EXPECT_EQ(p.EnumRoot()->SubNodes()[0]->GetNumOfValue(), 1);
+  EXPECT_EQ(p.TypeDefRoot()->SubNodes()[0]->GetNumOfValue(), 1);
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+// ---------------------------------------------------------------- the attribute table
+
+struct Fault {
+  const char* what;
+  std::string body;
+  int reports;
+  const char* message;  // a text the report holds
+};
+
+class DOMCodecFault : public testing::TestWithParam<Fault> {};
+
+TEST_P(DOMCodecFault, RefusesTheDocumentWithItsReports) {
+  const Fault& f = GetParam();
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  EXPECT_EQ(Decode(p, Std(f.body)), 1) << f.what;
+  EXPECT_EQ(reports.Count(), f.reports) << f.what;
+  EXPECT_EQ(reports.CountContaining(f.message), f.reports > 0 ? 1 : 0) << f.what;
+}
+
+const std::string kNode = "<std:node name=\"P\">";
+const std::string kTypeVal = "<std:node name=\"P\"><std:typeval name=\"R\">";
+const std::string kTypeValEnd = "</std:typeval></std:node>";
+
+INSTANTIATE_TEST_SUITE_P(
+    AttributeTable, DOMCodecFault,
+    testing::Values(
+        Fault{"named intval below node", kNode + "<std:intval name=\"X\">1</std:intval></std:node>", 1, "BOOL IS FALSE"},
+        Fault{"named strval below node", kNode + "<std:strval name=\"\">a</std:strval></std:node>", 1, "BOOL IS FALSE"},
+        Fault{"named colorval below node", kNode + "<std:colorval name=\"c\">1 2 3</std:colorval></std:node>", 1, "BOOL IS FALSE"},
+        Fault{"named floatval below node", kNode + "<std:floatval name=\"f\">1</std:floatval></std:node>", 1, "BOOL IS FALSE"},
+        Fault{"enumval without name below node", kNode + "<std:enumval>Yes</std:enumval></std:node>", 1, "BOOL IS FALSE"},
+        Fault{"minval on an intval", kNode + "<std:intval minval=\"0\">1</std:intval></std:node>", 1, "BOOL IS FALSE"},
+        Fault{"empty minval", kNode + "<std:floatval minval=\"\">1</std:floatval></std:node>", 1, "BOOL IS FALSE"},
+        Fault{"minval on an enumval", kNode + "<std:enumval name=\"E\" minval=\"0\">a</std:enumval></std:node>", 1, "BOOL IS FALSE"},
+        Fault{"minval below typeval", kTypeVal + "<std:floatval name=\"W\" minval=\"0.0\">1</std:floatval>" + kTypeValEnd, 1, "BOOL IS FALSE"},
+        Fault{"unnamed intval below typeval", kTypeVal + "<std:intval>1</std:intval>" + kTypeValEnd, 1, "BOOL IS FALSE"},
+        Fault{"unnamed strval below typeval", kTypeVal + "<std:strval>a</std:strval>" + kTypeValEnd, 1, "BOOL IS FALSE"},
+        Fault{"node without name", "<std:node><std:intval>1</std:intval></std:node>", 1, "BOOL IS FALSE"},
+        Fault{"typeval with empty name", kNode + "<std:typeval name=\"\"/></std:node>", 1, "BOOL IS FALSE"},
+        Fault{"enumdef below a node", kNode + "<std:enumdef name=\"E\"><std:strval>a</std:strval></std:enumdef></std:node>", 1, "Invalid node"},
+        Fault{"unknown element of the dialect", kNode + "<std:boolval>1</std:boolval></std:node>", 1, "Invalid node"},
+        Fault{"value below the document element", "<std:intval>1</std:intval>", 1, "Invalid node"},
+        Fault{"typeval below the document element", "<std:typeval name=\"R\"/>", 1, "Invalid node"},
+        Fault{"enumdef without name", "<std:enumdef><std:strval>a</std:strval></std:enumdef>", 1, "BOOL IS FALSE"},
+        Fault{"enumdef without strval", "<std:enumdef name=\"E\"/>", 1, "Enumdef node empty!"},
+        Fault{"enumdef of broken strvals only", "<std:enumdef name=\"E\"><std:strval minval=\"1\">a</std:strval></std:enumdef>", 2, "Enumdef node empty!"},
+        Fault{"intval in an enumdef", "<std:enumdef name=\"E\"><std:intval>1</std:intval></std:enumdef>", 1, "Invalid node"},
+        Fault{"typedef without name", "<std:typedef><std:intval name=\"f\">1</std:intval></std:typedef>", 1, "BOOL IS FALSE"},
+        Fault{"typedef without values", "<std:typedef name=\"T\"/>", 1, "Typedef node empty!"},
+        Fault{"colorval in a typedef", "<std:typedef name=\"T\"><std:colorval name=\"c\">1 2 3</std:colorval></std:typedef>", 1, "Invalid node"},
+        Fault{"unnamed value in a typedef", "<std:typedef name=\"T\"><std:intval>1</std:intval></std:typedef>", 2, "Invalid node"},
+        Fault{"minval in a typedef", "<std:typedef name=\"T\"><std:floatval name=\"f\" minval=\"0\">1</std:floatval></std:typedef>", 2, "Invalid node"},
+        Fault{"broken typedef inside a node", kNode + "<std:typedef name=\"T\"/></std:node>", 1, "Typedef node empty!"},
+        Fault{"element inside a value", kNode + "<std:strval>a<b/>c</std:strval></std:node>", 1, "Invalid node where there should"},
+        Fault{"processing instruction inside a value", kNode + "<std:strval>a<?x y?></std:strval></std:node>", 1, "Invalid node where there should"}));
+
+TEST(DOMCodec, AttributeTable_NamedValuesBelowTypevalAndBoundsBelowNodesAreRight) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  ASSERT_EQ(Decode(p, Std(kTypeVal + "<std:intval name=\"X\">1</std:intval><std:floatval name=\"W\">2</std:floatval>"
+                                     "<std:strval name=\"S\"/><std:colorval name=\"C\">0 39 64</std:colorval>"
+                                     "<std:enumval name=\"E\">Yes</std:enumval>" + kTypeValEnd +
+                          "<std:node name=\"G\"><std:floatval minval=\"0.0\">1.0</std:floatval></std:node>")), 0);
+  EXPECT_EQ(Dump(p.Root()),
+            "0:Root\n 1:P\n  4:R\n   v1 [X] r0 '1'\n   v2 [W] r0 '2'\n   v3 [S] r0 ''\n   v5 [C] r0 '0 39 64'\n"
+            "   v4 [E] r0 'Yes'\n 1:G\n  v2 [0.0] r1 '1.0'\n");
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(DOMCodec, Enumdef_StrvalNamedOtherThanTheEnumIsKeptWithAReport) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  ASSERT_EQ(Decode(p, Std("<std:enumdef name=\"E\"><std:strval name=\"E\">a</std:strval>"
+                          "<std:strval name=\"F\">b</std:strval><std:strval minval=\"1\">dropped</std:strval>"
+                          "<std:strval>c</std:strval></std:enumdef>")), 0);
+  EXPECT_EQ(Dump(p.EnumRoot()), "0:Enum\n 3:E\n  v3 [E] r0 'a'\n  v3 [F] r0 'b'\n  v3 [] r0 'c'\n");
+  EXPECT_EQ(reports.Count(), 2);
+  EXPECT_EQ(reports.CountContaining("Strval in enum have a name but it's no"), 1);
+  EXPECT_EQ(reports.CountContaining("BOOL IS FALSE"), 1);
+}
+
+TEST(DOMCodec, Decode_FailureKeepsWhatWasAttachedBefore) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  EXPECT_EQ(Decode(p, Std("<std:node name=\"A\"><std:intval>1</std:intval></std:node>"
+                          "<std:node name=\"B\"><std:node name=\"C\"><std:intval name=\"bad\">2</std:intval></std:node></std:node>"
+                          "<std:node name=\"D\"/>")), 1);
+  EXPECT_EQ(Dump(p.Root()), "0:Root\n 1:A\n  v1 [] r0 '1'\n");
+  EXPECT_EQ(reports.Count(), 1);
+}
+
+// ---------------------------------------------------------------- text content
+
+TEST(DOMCodec, Text_JoinsTextAndCdataSkipsCommentsAndTrimsNothing) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  ASSERT_EQ(Decode(p, Std("<std:node name=\"A\"><std:strval>  a<!-- skip -->b <![CDATA[<c&>]]>&amp;&#233; </std:strval></std:node>"
+                          "<std:node name=\"B\"><std:strval/></std:node><std:node name=\"C\"><std:strval>\n\t</std:strval></std:node>")), 0);
+  EXPECT_EQ(Dump(p.Root()), "0:Root\n 1:A\n  v3 [] r0 '  ab <c&>&\xc3\xa9 '\n 1:B\n  v3 [] r0 ''\n 1:C\n  v3 [] r0 '\n\t'\n");
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(DOMCodec, Text_EntityReferenceOfTheDocumentsOwnDtdIsNotText) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  std::string text = "<!DOCTYPE std:node [<!ENTITY e \"expanded\">]>" + Std("<std:node name=\"A\"><std:strval>&e;</std:strval></std:node>").substr(21);
+  EXPECT_EQ(Decode(p, text), 1);
+  EXPECT_EQ(reports.Count(), 1);
+  EXPECT_EQ(reports.CountContaining("Invalid node where there should"), 1);
+}
+
+// ---------------------------------------------------------------- bad input
+
+// Whatever a decode left, the document saves, clones and goes without a crash.
+void SurvivesAfterwards(ZOLAnnStandardXMLParser& p) {
+  ZOLUnicodeString text;
+  p.SaveInString(text);
+  ZOLRef<ZOLAnnStandardXMLNode> copy = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(p.Root()->Clone());
+  EXPECT_TRUE(copy);
+}
+
+TEST(DOMCodec, BadInput_EachGivesFailureWithoutACrash) {
+  std::string dir = TempDir();
+  std::string full = Std("<std:node name=\"A\"><std:intval>1</std:intval></std:node>");
+  std::map<std::string, std::string> files = {
+      {"empty", ""},
+      {"truncated", full.substr(0, full.size() / 2)},
+      {"utf8", Std("<std:node name=\"A\xff\xfe\"><std:strval>\xc3\x28</std:strval></std:node>")},
+      {"foreign", "<x:node xmlns:x=\"urn:x\"/>"},
+      {"binary", std::string("\0\1\2\3", 4)},
+  };
+  for (auto& [name, content] : files) {
+    std::ofstream(dir + "/" + name, std::ios::binary) << content;
+    for (int isFile : {1, 0}) {
+      ZOLTestReports reports;
+      ZOLAnnStandardXMLParser p;
+      EXPECT_EQ(p.DecodeXML(ZOLUnicodeString(isFile ? dir + "/" + name : content), isFile), 1) << name;
+      EXPECT_EQ(reports.Count(), name == "foreign" ? 1 : 0) << name;
+      SurvivesAfterwards(p);
+    }
+  }
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  EXPECT_EQ(p.DecodeXML(ZOLUnicodeString(dir + "/missing.xml"), 1), 1);
+  EXPECT_EQ(p.DecodeXML(ZOLUnicodeString(dir), 1), 1);  // a directory
+  SurvivesAfterwards(p);
+  EXPECT_EQ(reports.Count(), 0);
+  fs::remove_all(dir);
+}
+
+TEST(DOMCodec, Deep_HundredThousandLevelsDecodeSaveCloneAndGo) {
+  ZOLTestReports reports;
+  const int depth = 100000;
+  std::string body;
+  body.reserve(depth * 40);
+  for (int i = 0; i < depth; ++i) body += "<std:node name=\"n\">";
+  body += "<std:intval>7</std:intval>";
+  for (int i = 0; i < depth; ++i) body += "</std:node>";
+  std::string text = Std(body);
+  {
+    ZOLAnnStandardXMLParser p;
+    ASSERT_EQ(Decode(p, text), 0);
+    const ZOLAnnStandardXMLNode* n = p.Root();
+    int levels = 0;
+    while (n->GetNumOfNode() == 1) { n = n->SubNodes()[0]; ++levels; }
+    EXPECT_EQ(levels, depth);
+    EXPECT_EQ(n->Values()[0]->Value().str(), "7");
+    std::string saved = Save(p);
+    ZOLAnnStandardXMLParser again;
+    ASSERT_EQ(Decode(again, saved), 0);
+    EXPECT_EQ(Save(again), saved);
+    std::string path = TempDir() + "/deep.xml";
+    EXPECT_EQ(again.SaveInFile(path), S_OK);
+    fs::remove_all(fs::path(path).parent_path());
+    ZOLRef<ZOLAnnStandardXMLNode> copy = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(p.Root()->Clone());
+    EXPECT_EQ(copy->GetNumOfNode(), 1);
+  }
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+// ---------------------------------------------------------------- saving
+
+TEST(DOMCodec, SaveInFile_IntoAPlaceThatCannotBeWrittenFailsAndLeavesTheOldFile) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  BuildSample(p);
+  std::string dir = TempDir();
+  EXPECT_EQ(p.SaveInFile(dir + "/no/such/dir/ISO.xml"), E_FAIL);
+  EXPECT_EQ(p.SaveInFile(dir), E_FAIL);  // a directory
+  std::string old = dir + "/ISO.xml";
+  std::ofstream(old) << "old content";
+  if (::geteuid() != 0) {
+    fs::permissions(dir, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::group_read | fs::perms::others_read);
+    EXPECT_EQ(p.SaveInFile(old), E_FAIL);
+    fs::permissions(dir, fs::perms::owner_all);
+    EXPECT_EQ(ReadAll(old), "old content");
+  }
+  // A write cut short (file size limit; binds root too) leaves the old file and no temporary.
+  auto previous = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit saved{};
+  ::getrlimit(RLIMIT_FSIZE, &saved);
+  rlimit small = saved;
+  small.rlim_cur = 64;
+  ::setrlimit(RLIMIT_FSIZE, &small);
+  HRESULT hr = p.SaveInFile(old);
+  ::setrlimit(RLIMIT_FSIZE, &saved);
+  std::signal(SIGXFSZ, previous);
+  EXPECT_EQ(hr, E_FAIL);
+  EXPECT_EQ(ReadAll(old), "old content");
+  int entries = 0;
+  for (auto& e : fs::directory_iterator(dir)) entries += e.path().filename() != "ISO.xml";
+  EXPECT_EQ(entries, 0);
+  EXPECT_EQ(p.SaveInFile(old), S_OK);
+  EXPECT_EQ(ReadAll(old), Save(p));
+  fs::remove_all(dir);
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST(DOMCodec, Save_RootWithAValueOfItsOwnIsRefusedAndNothingIsWritten) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  BuildSample(p);
+  ZOLRef<ZOLAnnStandardXMLValue> v = ZOLRef<ZOLAnnStandardXMLValue>::Adopt(new ZOLAnnStandardXMLValue(ZOLAnnStandardXMLValue::IntValue, "1", "", 0));
+  p.Root()->AddValue(v.get(), -1);
+  std::string dir = TempDir();
+  std::ofstream(dir + "/ISO.xml") << "old content";
+  EXPECT_EQ(p.SaveInFile(dir + "/ISO.xml"), E_UNEXPECTED);
+  EXPECT_EQ(ReadAll(dir + "/ISO.xml"), "old content");
+  EXPECT_EQ(reports.Count(), 1);
+  fs::remove_all(dir);
+}
+
+TEST(DOMCodec, Save_NodeOrValueOfNoKindOfTheDialectFails) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  ZOLRef<ZOLAnnStandardXMLNode> n = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(ZOLAnnStandardXMLNode::RootNode, "R"));
+  p.Root()->AddNode(n.get(), -1);
+  ZOLUnicodeString text;
+  ZOLAnnStandardXMLParserDOMCodec codec;
+  ASSERT_EQ(codec.Init(p.TypeDefRoot(), p.EnumRoot(), p.Root()), S_OK);
+  EXPECT_EQ(codec.SaveInString(text), E_FAIL);
+  EXPECT_EQ(reports.CountContaining("Invalid type of node!"), 1);
+  p.Root()->DeleteSubNode(0);
+  ZOLRef<ZOLAnnStandardXMLNode> m = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(ZOLAnnStandardXMLNode::PlainNode, "M"));
+  ZOLRef<ZOLAnnStandardXMLValue> v = ZOLRef<ZOLAnnStandardXMLValue>::Adopt(new ZOLAnnStandardXMLValue(ZOLAnnStandardXMLValue::NoValue, "1", "", 0));
+  m->AddValue(v.get(), -1);
+  p.Root()->AddNode(m.get(), -1);
+  EXPECT_EQ(codec.SaveInString(text), E_FAIL);
+  EXPECT_EQ(reports.CountContaining("unknown type of value!"), 1);
+  EXPECT_EQ(reports.Count(), 2);
+}
+
+// ---------------------------------------------------------------- init, queue, traces
+
+TEST(DOMCodec, Init_RefusesASecondBindingAndNullRoots) {
+  ZOLTestReports reports;
+  ZOLAnnStandardXMLParser p;
+  ZOLAnnStandardXMLParserDOMCodec codec;
+  ZOLUnicodeString text;
+  EXPECT_EQ(codec.DecodeXMLString(ZOLUnicodeString(Std(""))), E_UNEXPECTED);
+  EXPECT_EQ(codec.SaveInString(text), E_UNEXPECTED);
+  EXPECT_EQ(reports.CountContaining("ON POINTER"), 2);
+  EXPECT_EQ(codec.Init(p.TypeDefRoot(), nullptr, p.Root()), E_UNEXPECTED);
+  EXPECT_EQ(codec.Init(p.TypeDefRoot(), p.EnumRoot(), p.Root()), S_OK);
+  EXPECT_EQ(codec.Init(p.TypeDefRoot(), p.EnumRoot(), p.Root()), E_UNEXPECTED);
+  EXPECT_EQ(reports.Count(), 4);
+}
+
+TEST(DOMCodec, Queue_IsAStackThatHoldsReferencesAndReportsMisuse) {
+  ZOLTestReports reports;
+  ZOLRef<ZOLAnnStandardXMLNode> a = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(ZOLAnnStandardXMLNode::PlainNode, "a"));
+  ZOLRef<ZOLAnnStandardXMLNode> b = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(ZOLAnnStandardXMLNode::PlainNode, "b"));
+  {
+    ZOLAnnStandardXMLParserDOMCodecQueue queue;
+    EXPECT_EQ(queue.Pop(), nullptr);
+    EXPECT_EQ(reports.CountContaining("BOOL IS FALSE"), 1);
+    queue.Push(nullptr);
+    EXPECT_EQ(reports.CountContaining("ON POINTER"), 1);
+    queue.Push(new ZOLAnnStandardXMLParserDOMCodecQueueElem(a.get(), ZOLIDOMElement_var()));
+    queue.Push(new ZOLAnnStandardXMLParserDOMCodecQueueElem(b.get(), ZOLIDOMElement_var()));
+    EXPECT_EQ(a->RefCount(), 2u);
+    std::unique_ptr<ZOLAnnStandardXMLParserDOMCodecQueueElem> top(queue.Pop());
+    EXPECT_EQ(top->GetNode(), b.get());
+    EXPECT_EQ(queue.Size(), 1);
+  }
+  EXPECT_EQ(a->RefCount(), 1u);  // the destructor let go of the element left
+  EXPECT_EQ(b->RefCount(), 1u);
+  ZOLAnnStandardXMLParserDOMCodecQueueElem empty(nullptr, ZOLIDOMElement_var());
+  EXPECT_EQ(reports.CountContaining("iNode is NULL!"), 1);
+  EXPECT_EQ(reports.Count(), 3);
+}
+
+TEST(DOMCodec, Trace_TellsOptionsRootAndWhatWasBuilt) {
+  ZOLTestReports reports;
+  ZOLTrace& trace = ZOLAnnStandardXMLParserDOMCodec::Trace();
+  bool was = trace.IsActive();
+  trace.Activate(true);
+  testing::internal::CaptureStderr();
+  ZOLAnnStandardXMLParser p;
+  Decode(p, Std("<std:enumdef name=\"YesNo\"><std:strval>Yes</std:strval><std:strval>No</std:strval></std:enumdef>"
+                "<std:node name=\"General\"><std:typeval name=\"R\"><std:intval name=\"X\">1</std:intval></std:typeval>"
+                "<x:y xmlns:x=\"urn:x\"/></std:node>"));
+  std::string err = testing::internal::GetCapturedStderr();
+  trace.Activate(was);
+  for (const std::string& line :
+       {std::string(">> ZOLAnnStandardXMLParserDOMCodec::DecodeXMLString"), std::string("ZOLIXMLDOMDocumentBuilder supported options:\n"),
+        std::string("  ZOLDoValidation\n"), std::string("ZOLDoValidation option found\n"), std::string("ZOLEnableNameSpaces option found\n"),
+        "Root node is OK, it's <" + kNs + ">node\n", std::string("Building enumdef YesNo (2 values)\n"),
+        std::string("Building node /node drafting/node General (0 value, 1 subnodes)\n"),
+        std::string("Building node /node drafting/node General/typeval R (1 value, 0 subnodes)\n"),
+        std::string("Warning! The element x:y is not in standard namespace. It will be ignored. (file ")})
+    EXPECT_NE(err.find(line), std::string::npos) << line << "\n--- in ---\n" << err;
+  EXPECT_EQ(reports.Count(), 0);
+}
