@@ -487,3 +487,34 @@ TEST(EditTable, StyleLineOnAFamilyWithoutStylesChangesNothing) {
   EXPECT_EQ(text->GetNumOfNode(), 0);
   EXPECT_EQ(r.Count(), 0);
 }
+
+TEST(Encode, CurrentStandardRunsNothingAndIsSavedUnderItsNameInTheDirectory) {
+  {
+    ZOLAnnStandardXMLParser probe;
+    if (probe.DecodeXML("<std:node xmlns:std=\"http://www.qelstandardinfra.org/std\" name=\"drafting\"/>", 0) != 0)
+      GTEST_SKIP() << "the XML codec of this build reads nothing yet";
+  }
+  std::string dir = std::filesystem::temp_directory_path() / ("qelstd-encode-" + std::to_string(getpid()));
+  std::filesystem::create_directories(dir);
+  std::string input = dir + "/Company.xml";
+  {
+    ZOLAnnStandardXMLParser source;
+    Build(source, {"V Root:Version:int:290", "N Root:Dimension", "V Root.Dimension:ParentStandard:string:ISO"});
+    ASSERT_EQ(source.SaveInFile(ZOLUnicodeString(input)), S_OK);
+  }
+  ZOLTestReports r;
+  ZOLUnicodeString name(input);
+  ZOLDrwParseStandard d(name);
+  d.Decode();
+  EXPECT_EQ(d.GetVersion(), 290);
+  EXPECT_EQ(d.GetParentStandard().str(), "ISO");
+  ZOLUnicodeString out;
+  ZOLDrwParseStandardUpgradeOptions options;
+  d.Encode((dir + "/out").c_str(), out, options);
+  EXPECT_EQ(out.str(), dir + "/out\\Company.xml");
+  EXPECT_EQ(d.GetOutcome().stagesRun, 0);
+  EXPECT_TRUE(d.GetOutcome().saved);
+  EXPECT_TRUE(std::filesystem::exists(out.str()));
+  EXPECT_EQ(r.Count(), 0);
+  std::filesystem::remove_all(dir);
+}

@@ -1,0 +1,377 @@
+// Finding a standard by name: the repository, working copies and built-in texts; listing; classes.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ZOLCatalogueTestSupport.h"
+#include "ZOLDftStandardServices.h"
+#include "ZOLStdServices.h"
+#include "ZOLTestReports.h"
+
+#if __has_include("ZOLDftBuiltinStandards.h")
+#include "ZOLDftBuiltinStandards.h"
+#define QELSTD_TEST_BUILTIN 1
+#else
+#define QELSTD_TEST_BUILTIN 0
+#endif
+
+using qeltest::EnvOverride;
+using qeltest::ReadText;
+using qeltest::ScratchDir;
+using qeltest::WriteText;
+namespace fs = std::filesystem;
+
+namespace {
+
+// A repository of two directories (site first, delivered second) and a working directory.
+struct Catalogue {
+  ScratchDir root;
+  EnvOverride env;
+  std::string site = root / "site";
+  std::string delivered = root / "delivered";
+  std::string work = root / "work";
+  Catalogue() {
+    env.Clear();
+    fs::create_directories(site + "/drafting");
+    fs::create_directories(delivered + "/drafting");
+    fs::create_directories(work);
+    env.Set("ZOLCollectionStandard", site);
+    env.Set("ZOLDefaultCollectionStandard", delivered);
+    env.Set("ADL_ODT_OUT", work);
+  }
+};
+
+std::vector<std::string> Items(const ZOLListValZOLUnicodeString& list) {
+  std::vector<std::string> v;
+  for (const ZOLUnicodeString& s : list) v.push_back(s.str());
+  return v;
+}
+
+std::vector<std::string> Sorted(const ZOLListValZOLUnicodeString& list) {
+  std::vector<std::string> v = Items(list);
+  std::sort(v.begin(), v.end());
+  return v;
+}
+
+const ZOLUnicodeString* Builtin([[maybe_unused]] const char* name) {
+#if QELSTD_TEST_BUILTIN
+  return ZOLDftBuiltinStandards::GetText(name);
+#else
+  return nullptr;
+#endif
+}
+
+}  // namespace
+
+TEST(StandardRepository, DirectoriesOfBothVariablesSplitOnColonSiteFirst) {
+  EnvOverride env;
+  env.Set("ZOLCollectionStandard", "/a::/b");
+  env.Set("ZOLDefaultCollectionStandard", "/c");
+  std::unique_ptr<ZOLListValZOLUnicodeString> dirs(ZOLStdServices::GetStandardPath());
+  ASSERT_TRUE(dirs);
+  EXPECT_EQ(Items(*dirs), (std::vector<std::string>{"/a", "/b", "/c"}));
+  env.Unset("ZOLCollectionStandard");
+  env.Set("ZOLDefaultCollectionStandard", "");
+  dirs.reset(ZOLStdServices::GetStandardPath());
+  ASSERT_TRUE(dirs) << "a defined but empty variable is an empty repository";
+  EXPECT_EQ(dirs->Size(), 0);
+  env.Unset("ZOLDefaultCollectionStandard");
+  dirs.reset(ZOLStdServices::GetStandardPath());
+  EXPECT_FALSE(dirs);
+}
+
+TEST(StandardRepository, FilesOfAKindAreTheXmlFilesOfEachDirectorySorted) {
+  Catalogue c;
+  WriteText(c.site + "/drafting/B.xml", "b");
+  WriteText(c.site + "/drafting/A.xml", "a");
+  WriteText(c.site + "/drafting/notes.txt", "n");
+  fs::create_directories(c.site + "/drafting/Dir.xml");
+  WriteText(c.delivered + "/drafting/A.xml", "a2");
+  std::unique_ptr<ZOLListValZOLUnicodeString> files(ZOLStdServices::GetStandardFiles("drafting"));
+  ASSERT_TRUE(files);
+  EXPECT_EQ(Items(*files), (std::vector<std::string>{"A.xml", "B.xml", "A.xml"}));
+}
+
+TEST(StandardRepository, CopyTakesTheFirstDirectoryThatHasTheFile) {
+  Catalogue c;
+  WriteText(c.site + "/drafting/Company.xml", "site");
+  WriteText(c.delivered + "/drafting/Company.xml", "delivered");
+  WriteText(c.delivered + "/drafting/Other.xml", "other");
+  EXPECT_EQ(ZOLStdServices::CopyStandard("Company", "drafting", c.work + "/out.xml"), S_OK);
+  EXPECT_EQ(ReadText(c.work + "/out.xml"), "site");
+  EXPECT_EQ(ZOLStdServices::CopyStandard("Other", "drafting", c.work + "/out.xml"), S_OK);
+  EXPECT_EQ(ReadText(c.work + "/out.xml"), "other");
+  EXPECT_EQ(ZOLStdServices::CopyStandard("None", "drafting", c.work + "/out.xml"), E_FAIL);
+  EXPECT_EQ(ReadText(c.work + "/out.xml"), "other") << "a failed copy leaves the destination";
+  EXPECT_EQ(ZOLStdServices::CopyStandard("Other", "drafting", c.root / "no/such/dir/out.xml"), E_FAIL);
+}
+
+TEST(FindInCollections, FirstDirectoryHoldingTheFileGivesItsPath) {
+  Catalogue c;
+  WriteText(c.delivered + "/drafting/Company.xml", "delivered");
+  ZOLUnicodeString path;
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Company", path, true), S_OK);
+  EXPECT_EQ(path.str(), c.delivered + "/drafting/Company.xml");
+  WriteText(c.site + "/drafting/Company.xml", "site");
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Company", path, true), S_OK);
+  EXPECT_EQ(path.str(), c.site + "/drafting/Company.xml");
+}
+
+TEST(FindInCollections, UnknownNameOrEmptyRepositoryFailsAndLeavesThePath) {
+  Catalogue c;
+  ZOLUnicodeString path("unchanged");
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("None", path, true), E_FAIL);
+  c.env.Set("ZOLCollectionStandard", "");
+  c.env.Set("ZOLDefaultCollectionStandard", "");
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("None", path, true), E_FAIL);
+  EXPECT_EQ(path.str(), "unchanged");
+  EXPECT_TRUE(fs::is_empty(c.work)) << "the repository search makes no working copy";
+}
+
+TEST(FindInCollections, NoRepositoryVariableIsSaidOnStandardOutput) {
+  EnvOverride env;
+  env.Clear();
+  ZOLUnicodeString path("unchanged");
+  testing::internal::CaptureStdout();
+  long hr = ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, true);
+  std::string out = testing::internal::GetCapturedStdout();
+  EXPECT_EQ(hr, E_FAIL);
+  EXPECT_EQ(out, "ZOLDefaultCollectionStandard and ZOLCollectionStandard not defined.\n");
+  EXPECT_EQ(path.str(), "unchanged");
+}
+
+TEST(FindWorkingCopy, RepositoryFileIsCopiedToTheWorkingDirectory) {
+  Catalogue c;
+  WriteText(c.delivered + "/drafting/Company.xml", "<company/>");
+  ZOLUnicodeString path;
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Company", path, false), 0);
+  EXPECT_EQ(path.str(), c.work + "/Company.xml");
+  EXPECT_EQ(ReadText(path.str()), "<company/>");
+}
+
+TEST(FindWorkingCopy, AdlOdtOutGoesBeforeZolTemp) {
+  Catalogue c;
+  WriteText(c.site + "/drafting/Company.xml", "x");
+  c.env.Set("ZOLTemp", c.root / "temp-not-read");
+  ZOLUnicodeString path;
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Company", path, false), 0);
+  EXPECT_EQ(path.str(), c.work + "/Company.xml");
+  c.env.Unset("ADL_ODT_OUT");
+  c.env.Set("ZOLTemp", c.work + "/temp");
+  fs::create_directories(c.work + "/temp");
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Company", path, false), 0);
+  EXPECT_EQ(path.str(), c.work + "/temp/Company.xml");
+}
+
+TEST(FindWorkingCopy, NoWorkingDirectoryIsSaidAndNothingIsWritten) {
+  Catalogue c;
+  WriteText(c.site + "/drafting/Company.xml", "x");
+  c.env.Unset("ADL_ODT_OUT");
+  c.env.Set("ZOLTemp", "");
+  ZOLUnicodeString path("unchanged");
+  testing::internal::CaptureStderr();
+  long hr = ZOLDftStandardServices::FindStandardFileInEnv("Company", path, false);
+  std::string err = testing::internal::GetCapturedStderr();
+  EXPECT_EQ(hr, 1);
+  EXPECT_EQ(path.str(), "unchanged");
+  EXPECT_NE(err.find("Neither ADL_ODT_OUT nor ZOLTemp is set"), std::string::npos) << err;
+  EXPECT_FALSE(fs::exists("Company.xml")) << "never the current directory";
+}
+
+TEST(FindWorkingCopy, UnknownNameGivesOneEvenWithAStaleWorkingCopy) {
+  Catalogue c;
+  WriteText(c.work + "/Gone.xml", "stale");
+  ZOLUnicodeString path("unchanged");
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Gone", path, false), 1);
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("../work/Gone", path, false), 1);
+  EXPECT_EQ(path.str(), "unchanged");
+}
+
+TEST(FindWorkingCopy, AlternateComesFromTheDrawingKind) {
+  Catalogue c;
+  WriteText(c.delivered + "/xDrawing/JIS_Alternate.xml", "alternate");
+  ZOLUnicodeString path;
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("JIS_Alternate", path, false), 0);
+  EXPECT_EQ(ReadText(c.work + "/JIS_Alternate.xml"), "alternate");
+  ZOLUnicodeString other("unchanged");
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("ISO_Alternate", other, false), 1);
+  EXPECT_EQ(other.str(), "unchanged");
+}
+
+TEST(FindWorkingCopy, RepositoryFileGoesBeforeTheBuiltinText) {
+  Catalogue c;
+  WriteText(c.site + "/drafting/ISO.xml", "site iso");
+  ZOLUnicodeString path;
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, false), 0);
+  EXPECT_EQ(ReadText(path.str()), "site iso");
+}
+
+TEST(FindWorkingCopy, BuiltinTextReplacesAStaleWorkingCopy) {
+  Catalogue c;
+  WriteText(c.work + "/ISO.xml", "stale");
+  ZOLUnicodeString path("unchanged");
+  long hr = ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, false);
+  const ZOLUnicodeString* builtin = Builtin("ISO");
+  if (!builtin) {
+    // Without the built-in texts in this build, the stale copy still must not pass for ISO.
+    EXPECT_EQ(hr, 1);
+    EXPECT_EQ(path.str(), "unchanged");
+    return;
+  }
+  EXPECT_EQ(hr, 0);
+  EXPECT_EQ(path.str(), c.work + "/ISO.xml");
+  EXPECT_EQ(ReadText(path.str()), builtin->str());
+}
+
+TEST(FindWorkingCopy, EachBuiltinIsWrittenWhenTheRepositoryIsEmpty) {
+  Catalogue c;
+  c.env.Unset("ZOLCollectionStandard");
+  c.env.Unset("ZOLDefaultCollectionStandard");
+  if (!Builtin("ISO")) GTEST_SKIP() << "the built-in texts are not part of this build yet";
+  for (const char* name : {"ISO", "JIS", "ANSI-ASME"}) {
+    ZOLUnicodeString path;
+    EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv(name, path, false), 0) << name;
+    EXPECT_EQ(path.str(), c.work + "/" + name + ".xml");
+    EXPECT_EQ(ReadText(path.str()), Builtin(name)->str()) << name;
+  }
+  ZOLUnicodeString path("unchanged");
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("ASME", path, false), 1) << "the file name is ANSI-ASME";
+}
+
+TEST(FindWorkingCopy, WorkingDirectoryThatCannotBeWrittenGivesOne) {
+  Catalogue c;
+  WriteText(c.site + "/drafting/Company.xml", "x");
+  WriteText(c.root / "plain-file", "not a directory");
+  c.env.Set("ADL_ODT_OUT", c.root / "plain-file");
+  ZOLUnicodeString path("unchanged");
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Company", path, false), 1);
+  c.env.Set("ADL_ODT_OUT", c.root / "no/such/dir");
+  testing::internal::CaptureStderr();
+  long hr = ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, false);
+  std::string err = testing::internal::GetCapturedStderr();
+  EXPECT_EQ(hr, 1);
+  EXPECT_EQ(path.str(), "unchanged");
+  if (Builtin("ISO")) {
+    EXPECT_NE(err.find("Failed to open file for writing: "), std::string::npos) << err;
+  }
+}
+
+TEST(ListFiles, ExtensionAnywhereInTheNameQualifiesAndTheStemLosesItsLength) {
+  ScratchDir dir;
+  for (const char* f : {"a.xml", "x.xml.bak", "c.txt", "dxmlx", "e.XML"}) WriteText(dir / f, "");
+  ZOLListValZOLUnicodeString names;
+  names.Append("a");
+  ZOLDftStandardServices::ListFilesInDirectory(dir.Path().c_str(), "xml", names, 0);
+  EXPECT_EQ(Sorted(names), (std::vector<std::string>{"a", "x.xml"})) << "a is not listed twice";
+}
+
+TEST(ListFiles, EmptyExtensionListsEveryEntryAndBadDirectoriesNothing) {
+  ScratchDir dir;
+  WriteText(dir / "one", "");
+  WriteText(dir / "two.xml", "");
+  ZOLListValZOLUnicodeString names;
+  ZOLDftStandardServices::ListFilesInDirectory(dir.Path().c_str(), "", names, 0);
+  EXPECT_EQ(Sorted(names), (std::vector<std::string>{"one", "two.xml"}));
+  ZOLDftStandardServices::ListFilesInDirectory((dir / "none").c_str(), "xml", names, 0);
+  ZOLDftStandardServices::ListFilesInDirectory(nullptr, "xml", names, 0);
+  ZOLDftStandardServices::ListFilesInDirectory(dir.Path().c_str(), nullptr, names, 0);
+  EXPECT_EQ(names.Size(), 2);
+}
+
+TEST(ListStandards, RepositoryNamesWithoutXmlAndDuplicates) {
+  Catalogue c;
+  WriteText(c.site + "/drafting/Company.xml", "");
+  WriteText(c.delivered + "/drafting/Company.xml", "");
+  WriteText(c.delivered + "/drafting/ISO.xml", "");
+  WriteText(c.delivered + "/drafting/Old.xml.xml", "");
+  ZOLTestReports r;
+  ZOLListValZOLUnicodeString names;
+  names.Append("previous");
+  ZOLDftStandardServices::ListStandards(names, 0);
+  EXPECT_EQ(Items(names), (std::vector<std::string>{"Company", "ISO", "Old"}));
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(ListStandards, NoRepositoryIsReportedAndGivesAnEmptyList) {
+  EnvOverride env;
+  env.Clear();
+  ZOLTestReports r;
+  ZOLListValZOLUnicodeString names;
+  names.Append("previous");
+  ZOLDftStandardServices::ListStandards(names, 1);
+  EXPECT_EQ(names.Size(), 0);
+  EXPECT_EQ(r.CountContaining("ON POINTER"), 1);
+  EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(ListStandards, OutOfTheBoxNamesInTheirOrder) {
+  ZOLListValZOLUnicodeString names;
+  names.Append("previous");
+  ZOLDftStandardServices::ListOOTBStandards(names);
+  EXPECT_EQ(Items(names), (std::vector<std::string>{"ANSI-ASME", "ISO", "JIS"}));
+}
+
+TEST(StandardClass, FileThatDecodesToNothingHasNoParentAndReleaseNineLevel) {
+  ZOLTestReports r;
+  ZOLUnicodeString path("/nonexistent-dir/none.xml");
+  ZOLUnicodeString className("previous");
+  int version = -5;
+  ZOLDftStandardServices::GetStandardClassAndVersion(path, className, version);
+  EXPECT_EQ(className.str(), "");
+  EXPECT_EQ(version, 1);
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(StandardClass, ParentAndVersionOfAFile) {
+  QELSTD_REQUIRE_CODEC();
+  ScratchDir dir;
+  WriteText(dir / "asme.xml", qeltest::Standard(qeltest::Version(250) + qeltest::Parent("ANSI", "1")));
+  ZOLUnicodeString path(dir / "asme.xml"), className;
+  int version = 0;
+  ZOLDftStandardServices::GetStandardClassAndVersion(path, className, version);
+  EXPECT_EQ(className.str(), "ASME");
+  EXPECT_EQ(version, 250);
+}
+
+TEST(ListByParent, AnsiIsLeftOutAndEachParentGoesToItsList) {
+  QELSTD_REQUIRE_CODEC();
+  ScratchDir dir;
+  using qeltest::Parent;
+  using qeltest::Standard;
+  WriteText(dir / "iso.xml", Standard(Parent("ISO")));
+  WriteText(dir / "jis.xml", Standard(Parent("JIS")));
+  WriteText(dir / "asme.xml", Standard(Parent("ANSI", "1")));
+  WriteText(dir / "ansi.xml", Standard(Parent("ANSI", "2")));
+  WriteText(dir / "none.xml", Standard(""));
+  ZOLTestReports r;
+  ZOLListValZOLUnicodeString names;
+  ZOLDftStandardServices::ListFilesInDirectory(dir.Path().c_str(), "xml", names, 1);
+  EXPECT_EQ(Sorted(names), (std::vector<std::string>{"asme", "iso", "jis", "none"}));
+  ZOLListValZOLUnicodeString iso, jis, asme;
+  jis.Append("iso");
+  ZOLDftStandardServices::ListXMLStdInDirectory(dir.Path().c_str(), "xml", iso, jis, asme);
+  EXPECT_EQ(Items(iso), (std::vector<std::string>{"iso"}));
+  EXPECT_EQ(Sorted(jis), (std::vector<std::string>{"iso", "jis"}));
+  EXPECT_EQ(Items(asme), (std::vector<std::string>{"asme"}));
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(OrientationNames, NamesAndValuesBothWays) {
+  ZOLFormatOrientationsType value = LandscapeByDefault;
+  EXPECT_EQ(ZOLDftStandardServices::GetEnumFromName("PortraitOnly", value), S_OK);
+  EXPECT_EQ(value, PortraitOnly);
+  EXPECT_EQ(ZOLDftStandardServices::GetEnumFromName("portraitonly", value), E_FAIL);
+  EXPECT_EQ(value, PortraitOnly) << "an unknown name leaves the value";
+  ZOLUnicodeString name("unchanged");
+  EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(LandscapeByDefault, name), S_OK);
+  EXPECT_EQ(name.str(), "LandscapeByDefault");
+  EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(LandscapeOnly, name), S_OK);
+  EXPECT_EQ(name.str(), "LandscapeOnly");
+  EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(static_cast<ZOLFormatOrientationsType>(4), name), E_FAIL);
+  EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(static_cast<ZOLFormatOrientationsType>(-1), name), E_FAIL);
+  EXPECT_EQ(name.str(), "LandscapeOnly");
+}
