@@ -4,6 +4,7 @@
 #include <regex>
 #include <string>
 
+#include "DocumentTestHelpers.h"
 #include "ZOLAnnStandardXMLNode.h"
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLAnnStandardXMLValue.h"
@@ -21,22 +22,7 @@ Node* At(ZOLAnnStandardXMLParser& doc, const char* path) {
   return ref.get();
 }
 
-std::string Names(const Node* node) {
-  std::string out;
-  for (auto* n : node->SubNodes()) out += (out.empty() ? "" : ",") + n->Name().str();
-  return out;
-}
-
-// Each value as type/name/text/rangeVal, joined by ";".
-std::string Describe(const Node* node) {
-  std::string out;
-  for (auto* v : node->Values())
-    out += (out.empty() ? "" : ";") + std::to_string(v->GetType()) + "/" + v->Name().str() + "/" + v->Value().str() +
-           "/" + std::to_string(v->GetRangeVal());
-  return out;
-}
-
-// Builds the nodes of each path below Root (plain), in order.
+// Adds a plain node for each edit string, in order.
 void Plain(ZOLAnnStandardXMLParser& doc, std::initializer_list<const char*> editStrings) {
   for (const char* s : editStrings) ASSERT_EQ(doc.AddNodeWithPath(s, 0), 0) << s;
 }

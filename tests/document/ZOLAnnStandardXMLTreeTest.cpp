@@ -4,6 +4,7 @@
 #include <regex>
 #include <string>
 
+#include "DocumentTestHelpers.h"
 #include "ZOLAnnStandardXMLNode.h"
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLAnnStandardXMLValue.h"
@@ -25,20 +26,6 @@ ValueRef MakeValue(const char* text, const char* name = "", Value::Type type = V
 }
 
 void AddChild(Node* parent, const char* name, int position = -1) { parent->AddNode(MakeNode(name).get(), position); }
-
-// The sub-node names in order, joined by ",".
-std::string Names(const Node* node) {
-  std::string out;
-  for (auto* n : node->SubNodes()) out += (out.empty() ? "" : ",") + n->Name().str();
-  return out;
-}
-
-// The value texts in order, joined by ",".
-std::string Texts(const Node* node) {
-  std::string out;
-  for (auto* v : node->Values()) out += (out.empty() ? "" : ",") + v->Value().str();
-  return out;
-}
 
 }  // namespace
 
