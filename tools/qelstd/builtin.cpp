@@ -1,0 +1,45 @@
+// qelstd builtin NAME [-o FILE]: writes one of the built-in standard texts.
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include "QelstdVerb.h"
+#include "ZOLDftBuiltinStandards.h"
+#include "ZOLFile.h"
+
+namespace {
+
+struct BuiltinOptions {
+  std::string name;
+  std::string output;
+};
+
+int RunBuiltin(const BuiltinOptions& options) {
+  const ZOLUnicodeString* text = ZOLDftBuiltinStandards::GetText(options.name);
+  if (!text) {
+    qelstd::Error(options.name, "not a built-in standard (ISO, ANSI-ASME, JIS)");
+    return qelstd::kNotFound;
+  }
+  if (options.output.empty()) {
+    std::fwrite(text->str().data(), 1, text->str().size(), stdout);
+    return std::fflush(stdout) == 0 ? qelstd::kDone : qelstd::kNotFound;
+  }
+  if (ZOLWriteFileAtomically(options.output.c_str(), text->str()) != S_OK) {
+    qelstd::Error(options.output, "cannot be written");
+    return qelstd::kNotFound;
+  }
+  return qelstd::kDone;
+}
+
+void SetupBuiltin(CLI::App& app, int* status) {
+  auto options = std::make_shared<BuiltinOptions>();
+  CLI::App* verb = app.add_subcommand("builtin", "Write a built-in standard text (ISO, ANSI-ASME or JIS)");
+  verb->footer("Example: qelstd builtin ISO -o drafting/ISO.xml");
+  verb->add_option("name", options->name, "Name of the built-in standard: ISO, ANSI-ASME or JIS")->required();
+  verb->add_option("-o,--output", options->output, "File to write (written whole or not at all); standard output by default");
+  verb->callback([options, status] { *status = RunBuiltin(*options); });
+}
+
+const qelstd::VerbRegistrar registrar("builtin", SetupBuiltin);
+
+}  // namespace
