@@ -27,10 +27,11 @@
 #include <string>
 #include <vector>
 
+#include "ZOLDftStdNamespace.h"
+
 namespace {
 
-// The dialect's namespace URI, written on the document element of every text.
-constexpr const char* kNamespaceUri = "http://www.qelstandardinfra.org/std";
+const std::string kNamespaceUri(ZOLDftStdNamespaceURI);
 
 enum Parent { ISO = 0, ANSI = 1, JIS = 2 };
 constexpr int kParents = 3;
