@@ -17,6 +17,8 @@ public:
   /// Opens the standard of that name (found as by FindStandardFileInEnv); never fails: an
   /// unreadable standard gives an object without parser, whose queries answer E_FAIL.
   explicit ZOLAnnStandardServices(const char* name);
+  /// The services of the standard file at path, read without a lookup by name (and cached alike).
+  static std::unique_ptr<ZOLAnnStandardServices> OpenFile(const char* path);
   virtual ~ZOLAnnStandardServices();
   ZOLAnnStandardServices(const ZOLAnnStandardServices&) = delete;
   ZOLAnnStandardServices& operator=(const ZOLAnnStandardServices&) = delete;
@@ -45,6 +47,10 @@ public:
   int IsCached() const { return _cached; }
 
 private:
+  struct ByPath {};
+  ZOLAnnStandardServices(ByPath, const char* path);
+  // Reads _path, or takes the cache's parser when it holds this path at its present modification time.
+  void Open();
   long ReadSheetStyle(const ZOLAnnStandardXMLNode* node, ZOLDrwStdSheetStyle& style);
   int DocumentVersion();
 

@@ -108,7 +108,17 @@ ZOLAnnStandardServices::ZOLAnnStandardServices(const char* name) {
   ZOLQelTraAutoInOutAndIndent scope(g_trace, "ZOLAnnStandardServices::ZOLAnnStandardServices");
   g_trace.TraPrint("%s (%s)\n", scope.Indent(), name ? name : "NULL");
   ZOLDftStandardServices::FindStandardFileInEnv(ZOLUnicodeString(name), _path, false);
+  Open();
+}
 
+ZOLAnnStandardServices::ZOLAnnStandardServices(ByPath, const char* path) : _path(path) { Open(); }
+
+std::unique_ptr<ZOLAnnStandardServices> ZOLAnnStandardServices::OpenFile(const char* path) {
+  return std::unique_ptr<ZOLAnnStandardServices>(new ZOLAnnStandardServices(ByPath(), path));
+}
+
+void ZOLAnnStandardServices::Open() {
+  ZOLQelTraAutoInOutAndIndent scope(g_trace, "ZOLAnnStandardServices::Open");
   struct stat info;
   const bool stated = ZOLFileStat(_path.ConvertToChar(), &info) == 0;
   ParserCache& cache = Cache();

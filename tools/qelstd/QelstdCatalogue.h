@@ -1,0 +1,88 @@
+// Finding a standard by name or file, and collecting reports, for the catalogue verbs.
+#pragma once
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "ZOLDftStandardServices.h"
+#include "ZOLDftStdPersistence.h"
+#include "ZOLSysLog.h"
+
+namespace qelstd {
+
+/// The working directory of working copies (ADL_ODT_OUT, else ZOLTemp), or empty when neither is set.
+inline std::string WorkingDirectory() {
+  for (const char* v : {"ADL_ODT_OUT", "ZOLTemp"}) {
+    const char* dir = std::getenv(v);
+    if (dir && *dir) return dir;
+  }
+  return std::string();
+}
+
+/// The reason given when a name needs a working directory and none is set.
+inline constexpr const char* kNoWorkingDirectory =
+    "a standard name needs a working directory: set ADL_ODT_OUT (or ZOLTemp) to a writable directory";
+
+/// 1 when the argument names an existing regular file rather than a standard.
+inline bool IsFile(const std::string& nameOrFile) {
+  std::error_code ec;
+  return std::filesystem::is_regular_file(nameOrFile, ec);
+}
+
+/// The file of a standard file or name (found through the repository or the built-in texts into the
+/// working directory); false with the reason otherwise.
+inline bool ResolveStandard(const std::string& nameOrFile, std::string& path, std::string& why) {
+  if (IsFile(nameOrFile)) {
+    path = nameOrFile;
+    return true;
+  }
+  if (nameOrFile.find('/') != std::string::npos) {
+    why = "no such file";
+    return false;
+  }
+  if (WorkingDirectory().empty()) {
+    why = kNoWorkingDirectory;
+    return false;
+  }
+  ZOLUnicodeString found;
+  if (ZOLDftStandardServices::FindStandardFileInEnv(ZOLUnicodeString(nameOrFile), found, false) != 0) {
+    why = "no such file and no standard of that name in the repository or among the built-in standards";
+    return false;
+  }
+  path = found.str();
+  return true;
+}
+
+/// The release that first has a data level, or 0 when none does.
+inline int ReleaseOfVersion(int version) {
+  for (int release = 1; release <= 428; ++release)
+    if (ZOLDftStdPersistence::GetVersionFromRelease(release, 0) == version) return release;
+  return 0;
+}
+
+/// The class of a parent text: 0 ISO, 1 JIS, 2 ASME, 3 ANSI, 4 anything else.
+inline int ClassOfParent(const std::string& parent) {
+  if (parent == "ISO") return 0;
+  if (parent == "JIS") return 1;
+  if (parent == "ASME") return 2;
+  if (parent == "ANSI") return 3;
+  return 4;
+}
+
+/// Keeps the reports raised while it lives, instead of printing them.
+class CollectedReports {
+public:
+  CollectedReports()
+      : _previous(ZOLSysLogSetHook([this](bool, const char* line) { _lines.emplace_back(line); })) {}
+  ~CollectedReports() { ZOLSysLogSetHook(std::move(_previous)); }
+  CollectedReports(const CollectedReports&) = delete;
+  CollectedReports& operator=(const CollectedReports&) = delete;
+  const std::vector<std::string>& Lines() const { return _lines; }
+
+private:
+  std::vector<std::string> _lines;
+  ZOLSysLogHook _previous;
+};
+
+}  // namespace qelstd
