@@ -8,20 +8,13 @@
 #include <string>
 #include <string_view>
 
+#include "ZOLDftBuiltinStandards.h"
 #include "ZOLDftStdPersistence.h"
 #include "ZOLDrwParseStandard.h"
 #include "ZOLFile.h"
 #include "ZOLStdServices.h"
 #include "ZOLSysLog.h"
 
-// The built-in texts come with their own piece of the library; until it is there, a working copy
-// can only come from the repository.
-#if __has_include("ZOLDftBuiltinStandards.h")
-#include "ZOLDftBuiltinStandards.h"
-#define QELSTD_HAS_BUILTIN_TEXTS 1
-#else
-#define QELSTD_HAS_BUILTIN_TEXTS 0
-#endif
 
 namespace {
 
@@ -66,14 +59,6 @@ int WriteTextToFile(const ZOLUnicodeString& text, const std::string& path) {
     return 0;
   }
   return 1;
-}
-
-const ZOLUnicodeString* BuiltinText([[maybe_unused]] const ZOLUnicodeString& name) {
-#if QELSTD_HAS_BUILTIN_TEXTS
-  return ZOLDftBuiltinStandards::GetText(name.str());
-#else
-  return nullptr;
-#endif
 }
 
 // The directory of the working copies, or null (said on standard error) when none is set: the
@@ -150,7 +135,7 @@ long ZOLDftStandardServices::FindStandardFileInEnv(const ZOLUnicodeString& name,
     return 1;
   }
   if (IsOneOf(name, kBuiltinNames)) {
-    const ZOLUnicodeString* text = BuiltinText(name);
+    const ZOLUnicodeString* text = ZOLDftBuiltinStandards::GetText(name.str());
     if (text && WriteTextToFile(*text, working.str()) && CanOpen(working.str())) {
       path = working;
       return 0;

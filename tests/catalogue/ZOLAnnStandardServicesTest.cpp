@@ -323,3 +323,28 @@ TEST(ParserCache, NewModificationTimeReadsTheFileAndEarlierObjectsKeepTheirParse
   EXPECT_EQ(newer.GetSheetScale(scale), S_OK);
   EXPECT_EQ(scale, 0.5);
 }
+
+TEST(SheetQueries, BuiltinStandardsPassTheStructureCheckWithFullSheetStyles) {
+  QELSTD_REQUIRE_CODEC();
+  EnvOverride env;
+  env.Clear();
+  ScratchDir work;
+  env.Set("ADL_ODT_OUT", work.Path());
+  ZOLTestReports r;
+  for (const char* name : {"ISO", "JIS", "ANSI-ASME"}) {
+    ZOLAnnStandardServices services(name);
+    EXPECT_EQ(services.CheckXMLStructure(), 0) << name;
+    ZOLDrwStdSheetFormat* formats = nullptr;
+    int count = 0;
+    EXPECT_EQ(services.GetAvailableSheetFormats(&formats, count), S_OK) << name;
+    EXPECT_GE(count, 1) << name;
+    delete[] formats;
+    ZOLDrwStdSheetStyle style;
+    EXPECT_EQ(services.GetDefaultSheetStyle(style), 0) << name;
+    EXPECT_TRUE(style.hasFormat) << name;
+    ZOLUnicodeString parent;
+    EXPECT_EQ(services.GetStandardParentName(parent), S_OK);
+    EXPECT_EQ(parent.str(), std::string(name) == "ANSI-ASME" ? "ANSI" : name);
+  }
+  EXPECT_EQ(r.Count(), 0);
+}

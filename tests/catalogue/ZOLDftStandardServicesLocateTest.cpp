@@ -8,16 +8,11 @@
 #include <vector>
 
 #include "ZOLCatalogueTestSupport.h"
+#include "ZOLDftBuiltinStandards.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLStdServices.h"
 #include "ZOLTestReports.h"
 
-#if __has_include("ZOLDftBuiltinStandards.h")
-#include "ZOLDftBuiltinStandards.h"
-#define QELSTD_TEST_BUILTIN 1
-#else
-#define QELSTD_TEST_BUILTIN 0
-#endif
 
 using qeltest::EnvOverride;
 using qeltest::ReadText;
@@ -57,13 +52,7 @@ std::vector<std::string> Sorted(const ZOLListValZOLUnicodeString& list) {
   return v;
 }
 
-const ZOLUnicodeString* Builtin([[maybe_unused]] const char* name) {
-#if QELSTD_TEST_BUILTIN
-  return ZOLDftBuiltinStandards::GetText(name);
-#else
-  return nullptr;
-#endif
-}
+const ZOLUnicodeString* Builtin(const char* name) { return ZOLDftBuiltinStandards::GetText(name); }
 
 }  // namespace
 
@@ -216,12 +205,7 @@ TEST(FindWorkingCopy, BuiltinTextReplacesAStaleWorkingCopy) {
   ZOLUnicodeString path("unchanged");
   long hr = ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, false);
   const ZOLUnicodeString* builtin = Builtin("ISO");
-  if (!builtin) {
-    // Without the built-in texts in this build, the stale copy still must not pass for ISO.
-    EXPECT_EQ(hr, 1);
-    EXPECT_EQ(path.str(), "unchanged");
-    return;
-  }
+  ASSERT_TRUE(builtin);
   EXPECT_EQ(hr, 0);
   EXPECT_EQ(path.str(), c.work + "/ISO.xml");
   EXPECT_EQ(ReadText(path.str()), builtin->str());
@@ -231,7 +215,6 @@ TEST(FindWorkingCopy, EachBuiltinIsWrittenWhenTheRepositoryIsEmpty) {
   Catalogue c;
   c.env.Unset("ZOLCollectionStandard");
   c.env.Unset("ZOLDefaultCollectionStandard");
-  if (!Builtin("ISO")) GTEST_SKIP() << "the built-in texts are not part of this build yet";
   for (const char* name : {"ISO", "JIS", "ANSI-ASME"}) {
     ZOLUnicodeString path;
     EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv(name, path, false), 0) << name;
@@ -255,9 +238,7 @@ TEST(FindWorkingCopy, WorkingDirectoryThatCannotBeWrittenGivesOne) {
   std::string err = testing::internal::GetCapturedStderr();
   EXPECT_EQ(hr, 1);
   EXPECT_EQ(path.str(), "unchanged");
-  if (Builtin("ISO")) {
-    EXPECT_NE(err.find("Failed to open file for writing: "), std::string::npos) << err;
-  }
+  EXPECT_NE(err.find("Failed to open file for writing: "), std::string::npos) << err;
 }
 
 TEST(ListFiles, ExtensionAnywhereInTheNameQualifiesAndTheStemLosesItsLength) {
