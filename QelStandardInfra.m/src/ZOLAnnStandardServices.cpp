@@ -88,18 +88,30 @@ HRESULT ReadSheetFormat(const ZOLAnnStandardXMLNode* node, ZOLDrwStdSheetFormat&
   return S_OK;
 }
 
-// Reads the children of a branch into a new[] array; how many were read, with the result of the last.
+// Reads every child of the branch at path into a new[] array handed to *out: the result of the last
+// child. E_FAIL when the branch is missing or empty, or (reported) when a child does not read.
 template <typename Record, typename Read>
-int ReadAll(const ZOLAnnStandardXMLNode& branch, Record* records, Read read, long& last) {
+long ReadBranch(ZOLAnnStandardXMLParser& parser, const char* path, Record** out, int& count, Read read) {
+  ZOLRef<ZOLAnnStandardXMLNode> branch = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(parser.GetNodeWithPath(path));
+  if (!branch) return E_FAIL;
+  count = branch->GetNumOfNode();
+  if (count == 0) return E_FAIL;
+  std::unique_ptr<Record[]> records(new Record[static_cast<size_t>(count)]);
+  long last = S_OK;
   int done = 0;
-  for (const ZOLAnnStandardXMLNode* child : branch.SubNodes()) {
+  for (const ZOLAnnStandardXMLNode* child : branch->SubNodes()) {
     long hr = read(child, records[done]);
     if (hr >= 0) {
       last = hr;
       ++done;
     }
   }
-  return done;
+  if (done < count) {
+    ZOLAssertMessage("Bad xml structure");
+    return E_FAIL;
+  }
+  *out = records.release();
+  return last;
 }
 
 }  // namespace
@@ -154,18 +166,7 @@ int ZOLAnnStandardServices::DocumentVersion() { return _parser ? _parser->GetVer
 
 long ZOLAnnStandardServices::GetAvailableSheetFormats(ZOLDrwStdSheetFormat** formats, int& count) {
   if (!_parser || !formats || DocumentVersion() < ZOLDftStdPersistence::GetVersionFromRelease(14)) return E_FAIL;
-  ZOLRef<ZOLAnnStandardXMLNode> branch = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(_parser->GetNodeWithPath("Root.SheetFormat"));
-  if (!branch) return E_FAIL;
-  count = branch->GetNumOfNode();
-  if (count == 0) return E_FAIL;
-  std::unique_ptr<ZOLDrwStdSheetFormat[]> array(new ZOLDrwStdSheetFormat[static_cast<size_t>(count)]);
-  long last = S_OK;
-  if (ReadAll(*branch, array.get(), ReadSheetFormat, last) < count) {
-    ZOLAssertMessage("Bad xml structure");
-    return E_FAIL;
-  }
-  *formats = array.release();
-  return S_OK;
+  return ReadBranch(*_parser, "Root.SheetFormat", formats, count, ReadSheetFormat);
 }
 
 long ZOLAnnStandardServices::ReadSheetStyle(const ZOLAnnStandardXMLNode* node, ZOLDrwStdSheetStyle& style) {
@@ -213,19 +214,8 @@ long ZOLAnnStandardServices::ReadSheetStyle(const ZOLAnnStandardXMLNode* node, Z
 
 long ZOLAnnStandardServices::GetAvailableSheetStyles(ZOLDrwStdSheetStyle** styles, int& count) {
   if (!_parser || !styles || DocumentVersion() < ZOLDftStdPersistence::GetVersionFromRelease(11)) return E_FAIL;
-  ZOLRef<ZOLAnnStandardXMLNode> branch = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(_parser->GetNodeWithPath("Root.Styles.Sheet"));
-  if (!branch) return E_FAIL;
-  count = branch->GetNumOfNode();
-  if (count == 0) return E_FAIL;
-  std::unique_ptr<ZOLDrwStdSheetStyle[]> array(new ZOLDrwStdSheetStyle[static_cast<size_t>(count)]);
-  long last = S_OK;
-  auto read = [this](const ZOLAnnStandardXMLNode* node, ZOLDrwStdSheetStyle& style) { return ReadSheetStyle(node, style); };
-  if (ReadAll(*branch, array.get(), read, last) < count) {
-    ZOLAssertMessage("Bad xml structure");
-    return E_FAIL;
-  }
-  *styles = array.release();
-  return last;
+  return ReadBranch(*_parser, "Root.Styles.Sheet", styles, count,
+                    [this](const ZOLAnnStandardXMLNode* node, ZOLDrwStdSheetStyle& style) { return ReadSheetStyle(node, style); });
 }
 
 long ZOLAnnStandardServices::GetDefaultSheetStyle(ZOLDrwStdSheetStyle& style) {
