@@ -108,6 +108,11 @@ public:
     return 1;
   }
 
+  /// Makes room for count keys without growing.
+  void Reserve(size_t count) {
+    while (count * 4 > _slots.size() * 3) Grow();
+  }
+
   /// Number of keys.
   size_t Size() const { return _count; }
   /// Bytes of the slots (keys and their texts not included).

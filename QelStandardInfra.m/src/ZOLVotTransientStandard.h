@@ -128,6 +128,7 @@ public:
 
 private:
   HRESULT Load(const ZOLUnicodeString* source, bool isBuffer);
+  void Reserve(size_t textBytes);
   void FinishLoad();
   void FileValue(ZOLVotNodeKind kind, ZOLVotSpan text);
   const ZOLVotStandardNode* At(uint32_t i) const { return i == ZOLVotStandardNode::kNone ? nullptr : &_Nodes[i]; }
@@ -176,6 +177,9 @@ private:
   std::optional<std::string> _TypedefName;
   std::optional<std::string> _EnumdefName;
   std::vector<ZOLVotSpan> _EnumdefValues;
+  // "." and the typed-entry index, written again only when the index changes.
+  std::string _Suffix;
+  int _SuffixIndex = 0;
 
   // Reused buffers of cache keys and path components.
   std::string _Key;
