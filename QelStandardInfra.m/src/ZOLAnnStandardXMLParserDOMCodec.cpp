@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "ZOLAnnStandardXMLParserDOMCodecFactory.h"
 #include "ZOLDftStdElement.h"
@@ -143,15 +144,17 @@ ZOLAnnStandardXMLNode* CreateNode(const ZOLIDOMElement_var& element, Kind kind) 
 // Where an element stands: "/" + local name + " " + name for each level, outermost first.
 std::string Place(const ZOLIDOMElement_var& element) {
   if (element.IsNull()) return "NULL";
-  std::string place;
+  std::vector<std::string> levels;
   for (ZOLIDOMNode_var n = element; n.GetNodeType() == ZOLIDOMNode::ELEMENT_NODE;) {
     ZOLIDOMElement_var e(n);
     std::string_view local;
     std::string name;
     if (FAILED(e.GetLocalName(local)) || FAILED(e.GetAttributeNS("", "name", name))) return "ERROR";
-    place.insert(0, "/" + std::string(local) + " " + name);
+    levels.push_back(std::string(local).append(1, ' ').append(name));
     if (FAILED(n.GetParentNode(n))) return "ERROR";
   }
+  std::string place;
+  for (auto it = levels.rbegin(); it != levels.rend(); ++it) place.append(1, '/').append(*it);
   return place;
 }
 

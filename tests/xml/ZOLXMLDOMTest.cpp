@@ -1,0 +1,202 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "ZOLTestReports.h"
+#include "ZOLXMLDOM.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Options {
+  ZOLListValZOLUnicodeString names, values;
+  Options& Add(const char* n, const char* v) { names.Append(n); values.Append(v); return *this; }
+};
+
+std::unique_ptr<ZOLIXMLDOMDocumentBuilder> Builder() {
+  std::unique_ptr<ZOLIXMLDOMDocumentBuilder> b;
+  EXPECT_EQ(CreateZOLIXMLDOMDocumentBuilder(b), S_OK);
+  return b;
+}
+
+HRESULT Read(ZOLIXMLDOMDocumentBuilder& b, const std::string& text, ZOLIDOMDocument& doc, const Options& o = {}) {
+  return b.BuildDocumentFromSource(ZOLIXMLInputSource(ZOLIXMLInputSource::Kind::Text, text, "text"), o.names, o.values, doc);
+}
+
+ZOLIDOMElement Top(const ZOLIDOMDocument& doc) {
+  ZOLIDOMElement e;
+  doc.GetDocumentElement(e);
+  return e;
+}
+
+std::string TempPath(const char* name) {
+  return (fs::temp_directory_path() / (std::string("zoldom_") + std::to_string(::getpid()) + "_" + name)).string();
+}
+
+}  // namespace
+
+TEST(DOMBuilder, SupportsValidationNamespacesAndPrettyPrint) {
+  ZOLListValZOLUnicodeString names;
+  Builder()->GetSupportedOptions(names);
+  EXPECT_TRUE(names.Locate("ZOLDoValidation"));
+  EXPECT_TRUE(names.Locate("ZOLEnableNameSpaces"));
+  EXPECT_TRUE(names.Locate("ZOLFormatPrettyPrint"));
+}
+
+TEST(DOMBuilder, UnknownOptionOrNonBooleanValueIsRefused) {
+  auto b = Builder();
+  ZOLIDOMDocument doc;
+  EXPECT_EQ(Read(*b, "<r/>", doc, Options().Add("ZOLSomething", "true")), E_INVALIDARG);
+  EXPECT_EQ(Read(*b, "<r/>", doc, Options().Add("ZOLDoValidation", "maybe")), E_INVALIDARG);
+  EXPECT_EQ(Read(*b, "<r/>", doc, Options().Add("ZOLFormatPrettyPrint", "true")), E_INVALIDARG);  // a writer option
+  EXPECT_TRUE(doc.IsNull());
+  EXPECT_FALSE(b->GetLastError().empty());
+}
+
+TEST(DOMBuilder, ValidationChecksAgainstTheDocumentsOwnDtdOnly) {
+  auto b = Builder();
+  ZOLIDOMDocument doc;
+  const std::string dtd = "<!DOCTYPE r [<!ELEMENT r (a)*><!ELEMENT a EMPTY>]>";
+  Options on = Options().Add("ZOLDoValidation", "true");
+  EXPECT_EQ(Read(*b, dtd + "<r><a/></r>", doc, on), S_OK);
+  EXPECT_EQ(Read(*b, dtd + "<r><b/></r>", doc, on), E_FAIL);
+  EXPECT_NE(b->GetLastError().find(":1:"), std::string::npos) << b->GetLastError();
+  EXPECT_EQ(Read(*b, dtd + "<r><b/></r>", doc, Options().Add("ZOLDoValidation", "false")), S_OK);
+  EXPECT_EQ(Read(*b, "<r/>", doc, on), E_FAIL);  // nothing to validate against
+}
+
+TEST(DOMBuilder, ExternalDtdAndEntitiesAreNeverLoaded) {
+  std::string secret = TempPath("secret.ent");
+  std::string dtd = TempPath("ext.dtd");
+  { std::ofstream(secret) << "SECRET"; }
+  { std::ofstream(dtd) << "<!ELEMENT r (#PCDATA)>"; }
+  auto b = Builder();
+  ZOLIDOMDocument doc;
+  for (const char* validate : {"false", "true"}) {
+    std::string text = "<!DOCTYPE r SYSTEM \"" + dtd + "\" [<!ENTITY e SYSTEM \"" + secret + "\">]><r>&e;</r>";
+    Read(*b, text, doc, Options().Add("ZOLDoValidation", validate));
+    if (doc.IsNull()) continue;
+    std::string out;
+    ASSERT_EQ(b->WriteToString(doc, out, {}, {}), S_OK);
+    EXPECT_EQ(out.find("SECRET"), std::string::npos) << out;
+  }
+  std::remove(secret.c_str());
+  std::remove(dtd.c_str());
+}
+
+TEST(DOMBuilder, WithoutNamespacesElementsHaveOnlyTheirQualifiedName) {
+  auto b = Builder();
+  ZOLIDOMDocument doc;
+  ASSERT_EQ(Read(*b, "<s:r xmlns:s=\"urn:s\" s:a=\"1\" b=\"2\"/>", doc, Options().Add("ZOLEnableNameSpaces", "false")), S_OK);
+  ZOLIDOMElement top = Top(doc);
+  std::string_view local = "x", uri = "x";
+  std::string name, value;
+  top.GetLocalName(local);
+  top.GetNamespaceURI(uri);
+  top.GetNodeName(name);
+  EXPECT_EQ(local, "");
+  EXPECT_EQ(uri, "");
+  EXPECT_EQ(name, "s:r");
+  EXPECT_EQ(top.GetAttributeNS("", "s:a", value), S_OK);
+  EXPECT_EQ(value, "1");
+  // An undeclared prefix is no fault without namespaces, and one with them.
+  EXPECT_EQ(Read(*b, "<p:r/>", doc, Options().Add("ZOLEnableNameSpaces", "false")), S_OK);
+  EXPECT_EQ(Read(*b, "<p:r/>", doc), E_FAIL);
+}
+
+TEST(DOMBuilder, AttributesByNamespaceAndLocalName) {
+  auto b = Builder();
+  ZOLIDOMDocument doc;
+  ASSERT_EQ(Read(*b, "<r xmlns:s=\"urn:s\" name=\"n &amp; m\" s:name=\"q\" empty=\"\"/>", doc), S_OK);
+  ZOLIDOMElement top = Top(doc);
+  std::string v;
+  EXPECT_EQ(top.GetAttributeNS("", "name", v), S_OK);
+  EXPECT_EQ(v, "n & m");
+  EXPECT_EQ(top.GetAttributeNS("urn:s", "name", v), S_OK);
+  EXPECT_EQ(v, "q");
+  EXPECT_EQ(top.GetAttributeNS("", "empty", v), S_OK);
+  EXPECT_EQ(v, "");
+  EXPECT_EQ(top.GetAttributeNS("", "missing", v), S_FALSE);
+  EXPECT_TRUE(top.HasAttributeNS("", "empty"));
+  EXPECT_FALSE(top.HasAttributeNS("urn:other", "name"));
+  EXPECT_EQ(ZOLIDOMElement().GetAttributeNS("", "name", v), E_FAIL);
+}
+
+TEST(DOMBuilder, CreatedDocumentWritesNamespacesOnceAndTextsUnmerged) {
+  auto b = Builder();
+  ZOLIDOMDocument doc;
+  ASSERT_EQ(b->CreateDocument(doc), S_OK);
+  ZOLIDOMElement top, child, orphan;
+  ASSERT_EQ(doc.CreateElementNS("urn:s", "s:top", top), S_OK);
+  ASSERT_EQ(top.SetAttribute("xmlns:s", "urn:s"), S_OK);
+  ASSERT_EQ(top.SetAttribute("name", "a<b"), S_OK);
+  ASSERT_EQ(doc.AppendChild(top), S_OK);
+  EXPECT_EQ(doc.AppendChild(top), E_INVALIDARG);
+  ASSERT_EQ(doc.CreateElementNS("urn:s", "s:v", child), S_OK);
+  ASSERT_EQ(top.AppendChild(child), S_OK);
+  ZOLIDOMNode t1, t2;
+  ASSERT_EQ(doc.CreateTextNode("x", t1), S_OK);
+  ASSERT_EQ(doc.CreateTextNode("&y", t2), S_OK);
+  ASSERT_EQ(child.AppendChild(t1), S_OK);
+  ASSERT_EQ(child.AppendChild(t2), S_OK);
+  std::string_view v;
+  t2.GetNodeValue(v);  // still a node of its own
+  EXPECT_EQ(v, "&y");
+  EXPECT_EQ(child.AppendChild(t1), E_INVALIDARG);  // has a parent already
+  EXPECT_EQ(doc.CreateElementNS("", "s:bad", orphan), E_INVALIDARG);
+  ASSERT_EQ(doc.CreateElementNS("urn:s", "s:orphan", orphan), S_OK);  // never appended: goes with the document
+  std::string out;
+  ASSERT_EQ(b->WriteToString(doc, out, Options().Add("ZOLFormatPrettyPrint", "false").names,
+                             Options().Add("ZOLFormatPrettyPrint", "false").values), S_OK);
+  EXPECT_EQ(out, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<s:top xmlns:s=\"urn:s\" name=\"a&lt;b\"><s:v>x&amp;y</s:v></s:top>\n");
+}
+
+TEST(DOMBuilder, WriteToFileReplacesWholeOrNotAtAll) {
+  auto b = Builder();
+  ZOLIDOMDocument doc;
+  ASSERT_EQ(Read(*b, "<r><a>1</a></r>", doc), S_OK);
+  std::string path = TempPath("out.xml");
+  ASSERT_EQ(b->WriteToFile(doc, path, {}, {}), S_OK);
+  ZOLIDOMDocument back;
+  ASSERT_EQ(b->BuildDocumentFromFile(path, {}, {}, back), S_OK);
+  std::string name;
+  Top(back).GetNodeName(name);
+  EXPECT_EQ(name, "r");
+  EXPECT_EQ(b->WriteToFile(doc, "/nonexistent/dir/out.xml", {}, {}), E_FAIL);
+  EXPECT_NE(b->GetLastError().find("/nonexistent/dir/out.xml"), std::string::npos);
+  EXPECT_EQ(b->BuildDocumentFromFile("/nonexistent/in.xml", {}, {}, back), E_FAIL);
+  EXPECT_NE(b->GetLastError().find("cannot open"), std::string::npos);
+  std::remove(path.c_str());
+}
+
+TEST(DOMBuilder, NodeTypesAndNamesAsInDom) {
+  auto b = Builder();
+  ZOLIDOMDocument doc;
+  ASSERT_EQ(Read(*b, "<!DOCTYPE r [<!ENTITY e \"v\">]><r>t<![CDATA[c]]><!--m--><?p d?>&e;<x:a xmlns:x=\"urn:x\"/></r>", doc), S_OK);
+  ZOLIDOMNodeList children;
+  ASSERT_EQ(Top(doc).GetChildNodes(children), S_OK);
+  ASSERT_EQ(children.GetLength(), 6);
+  std::string got;
+  for (int i = 0; i < children.GetLength(); ++i) {
+    ZOLIDOMNode n;
+    ASSERT_EQ(children.Item(i, n), S_OK);
+    std::string name;
+    n.GetNodeName(name);
+    got += std::to_string(n.GetNodeType()) + ":" + name + ",";
+  }
+  EXPECT_EQ(got, "3:#text,4:#cdata-section,8:#comment,7:p,5:e,1:x:a,");
+  ZOLIDOMNode n;
+  EXPECT_EQ(children.Item(6, n), E_INVALIDARG);
+  EXPECT_EQ(children.Item(-1, n), E_INVALIDARG);
+  ASSERT_EQ(children.Item(4, n), S_OK);
+  ZOLIDOMNodeList none;
+  n.GetChildNodes(none);
+  EXPECT_TRUE(none.IsNull());  // an entity reference's nodes belong to the entity
+  ZOLIDOMNode parent;
+  ASSERT_EQ(n.GetParentNode(parent), S_OK);
+  EXPECT_TRUE(parent == Top(doc));
+}
