@@ -78,7 +78,7 @@ int RunCheck(const std::string& path, bool json) {
     std::printf("%s\n", out.dump(2).c_str());
   } else {
     for (const auto& line : r.reports) std::printf("report: %s\n", line.c_str());
-    if (r.decode != 0) qelstd::Error(path, "not a standard of the std dialect, or not well-formed");
+    if (r.decode != 0) qelstd::Error(path, "does not decode as a standard of the std dialect");
   }
   return clean ? qelstd::kDone : qelstd::kNotFound;
 }
