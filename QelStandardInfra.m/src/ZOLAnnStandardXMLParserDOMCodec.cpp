@@ -392,64 +392,55 @@ HRESULT ZOLAnnStandardXMLParserDOMCodec::Decode(Input& input, const char* indent
 }
 
 ZOLAnnStandardXMLNode* ZOLAnnStandardXMLParserDOMCodec::BuildEnumDef(const ZOLIDOMElement_var& element, const char* indent) {
-  std::string name;
-  element.GetAttributeNS("", "name", name);
-  if (name.empty()) {
-    ZOLAssertBool("");
-    return nullptr;
-  }
-  ZOLRef<ZOLAnnStandardXMLNode> node =
-      ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(ZOLAnnStandardXMLNode::EnumDefNode, ZOLUnicodeString(name)));
-  ZOLDftXMLNodeIterator it(element);
-  ZOLIDOMElement_var child;
-  Kind kind;
-  while (NextStdChild(it, child, kind, indent)) {
-    if (kind != Kind::StrVal) {
-      InvalidNode(indent, child, element, true);
-      return nullptr;
-    }
-    ZOLAnnStandardXMLValue* value = ReadValue(child, kind, NameRule::Optional, false);
-    if (!value) continue;
-    if (!value->Name().IsEmpty() && value->Name().str() != name)
-      ZOLAssertMessage("Strval in enum have a name but it's not the name of the enum");
-    node->AddValue(value, -1);
-    value->Release();
-  }
-  if (node->GetNumOfValue() == 0) {
-    ZOLAssertMessage("Enumdef node empty!");
-    return nullptr;
-  }
-  g_trace.TraPrint("%sBuilding enumdef %s (%d values)\n", indent, name.c_str(), node->GetNumOfValue());
-  return node.Detach();
+  return BuildDefinition(element, true, indent);
 }
 
 ZOLAnnStandardXMLNode* ZOLAnnStandardXMLParserDOMCodec::BuildTypeDef(const ZOLIDOMElement_var& element, const char* indent) {
+  return BuildDefinition(element, false, indent);
+}
+
+// An enumdef keeps going past a string that breaks the value rule; a typedef ends on any bad value.
+ZOLAnnStandardXMLNode* ZOLAnnStandardXMLParserDOMCodec::BuildDefinition(const ZOLIDOMElement_var& element, bool isEnum,
+                                                                        const char* indent) {
   std::string name;
   element.GetAttributeNS("", "name", name);
   if (name.empty()) {
     ZOLAssertBool("");
     return nullptr;
   }
-  ZOLRef<ZOLAnnStandardXMLNode> node =
-      ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(ZOLAnnStandardXMLNode::TypeDefNode, ZOLUnicodeString(name)));
+  ZOLRef<ZOLAnnStandardXMLNode> node = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(
+      isEnum ? ZOLAnnStandardXMLNode::EnumDefNode : ZOLAnnStandardXMLNode::TypeDefNode, ZOLUnicodeString(name)));
   ZOLDftXMLNodeIterator it(element);
   ZOLIDOMElement_var child;
   Kind kind;
   while (NextStdChild(it, child, kind, indent)) {
-    bool allowed = kind == Kind::StrVal || kind == Kind::IntVal || kind == Kind::EnumVal || kind == Kind::FloatVal;
-    ZOLAnnStandardXMLValue* value = allowed ? ReadValue(child, kind, NameRule::Required, false) : nullptr;
-    if (!value) {
-      InvalidNode(indent, child, element, true);
-      return nullptr;
+    ZOLAnnStandardXMLValue* value = nullptr;
+    if (isEnum) {
+      if (kind != Kind::StrVal) {
+        InvalidNode(indent, child, element, true);
+        return nullptr;
+      }
+      value = ReadValue(child, kind, NameRule::Optional, false);
+      if (!value) continue;
+      if (!value->Name().IsEmpty() && value->Name().str() != name)
+        ZOLAssertMessage("Strval in enum have a name but it's not the name of the enum");
+    } else {
+      bool allowed = kind == Kind::StrVal || kind == Kind::IntVal || kind == Kind::EnumVal || kind == Kind::FloatVal;
+      value = allowed ? ReadValue(child, kind, NameRule::Required, false) : nullptr;
+      if (!value) {
+        InvalidNode(indent, child, element, true);
+        return nullptr;
+      }
     }
     node->AddValue(value, -1);
     value->Release();
   }
   if (node->GetNumOfValue() == 0) {
-    ZOLAssertMessage("Typedef node empty!");
+    ZOLAssertMessage(isEnum ? "Enumdef node empty!" : "Typedef node empty!");
     return nullptr;
   }
-  g_trace.TraPrint("%sBuilding typedef %s (%d values)\n", indent, name.c_str(), node->GetNumOfValue());
+  g_trace.TraPrint(isEnum ? "%sBuilding enumdef %s (%d values)\n" : "%sBuilding typedef %s (%d values)\n", indent,
+                   name.c_str(), node->GetNumOfValue());
   return node.Detach();
 }
 

@@ -76,6 +76,7 @@ private:
   HRESULT Encode(Output& output);
   ZOLAnnStandardXMLNode* BuildEnumDef(const ZOLIDOMElement_var& element, const char* indent);
   ZOLAnnStandardXMLNode* BuildTypeDef(const ZOLIDOMElement_var& element, const char* indent);
+  ZOLAnnStandardXMLNode* BuildDefinition(const ZOLIDOMElement_var& element, bool isEnum, const char* indent);
   ZOLAnnStandardXMLNode* Build(const ZOLIDOMElement_var& element, ZOLAnnStandardXMLNode* typeDefRoot, const char* indent);
   HRESULT EncodeNode(ZOLAnnStandardXMLNode* node, const ZOLIDOMElement_var& parent, ZOLIDOMDocument_var& document);
 
