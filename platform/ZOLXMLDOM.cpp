@@ -427,13 +427,20 @@ public:
       _lastError = "no document";
       return E_FAIL;
     }
+    // The document says UTF-8 and the writer is given no encoding of its own: it then writes the
+    // tree's UTF-8 as it stands, without a conversion pass.
+    xmlDoc* doc = document.Raw();
+    if (!doc->encoding || !xmlStrEqual(doc->encoding, reinterpret_cast<const xmlChar*>("UTF-8"))) {
+      if (doc->encoding) xmlFree(const_cast<xmlChar*>(doc->encoding));
+      doc->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
+    }
     std::string out;
-    xmlSaveCtxtPtr save = xmlSaveToIO(WriteString, nullptr, &out, "UTF-8", options.pretty ? XML_SAVE_FORMAT : 0);
+    xmlSaveCtxtPtr save = xmlSaveToIO(WriteString, nullptr, &out, nullptr, options.pretty ? XML_SAVE_FORMAT : 0);
     if (!save) {
       _lastError = "cannot start the writer";
       return E_FAIL;
     }
-    long rc = xmlSaveDoc(save, document.Raw());
+    long rc = xmlSaveDoc(save, doc);
     if (xmlSaveClose(save) < 0 || rc < 0) {
       _lastError = "the writer failed";
       return E_FAIL;
