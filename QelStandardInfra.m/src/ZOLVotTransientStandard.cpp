@@ -448,40 +448,32 @@ double ZOLVotTransientStandard::ReadReal(std::string_view text) {
   return d;
 }
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, int& oValue) {
+template <class T, class Read>
+HRESULT ZOLVotTransientStandard::GetSingle(ZOLVotKeyMap<T>& cache, ZOLVotNodeKind leaf, Read read, const char* iPath,
+                                           int iIndex, T& oValue) {
   std::string_view path = iPath ? iPath : "";
-  if (const int* hit = _IntValues.Find(MakeKey(path, iIndex))) {
+  if (const T* hit = cache.Find(MakeKey(path, iIndex))) {
     oValue = *hit;
     return S_OK;
   }
   const Node* node = FindNode(path, iIndex);
   if (!node) return E_FAIL;
   std::string_view text;
-  if (node->kind == Kind::IntVal) text = Value(*node);
+  if (node->kind == leaf) text = Value(*node);
   else if (node->kind == Kind::Node && FirstChild(*node)) text = Value(*FirstChild(*node));
   else return E_FAIL;
-  int v = ReadInt(text);
+  T v = read(text);
   oValue = v;
-  _IntValues[MakeKey(path, iIndex)] = v;
+  cache[MakeKey(path, iIndex)] = v;
   return S_OK;
 }
 
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, int& oValue) {
+  return GetSingle(_IntValues, Kind::IntVal, &ReadInt, iPath, iIndex, oValue);
+}
+
 HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, double& oValue) {
-  std::string_view path = iPath ? iPath : "";
-  if (const double* hit = _DoubleValues.Find(MakeKey(path, iIndex))) {
-    oValue = *hit;
-    return S_OK;
-  }
-  const Node* node = FindNode(path, iIndex);
-  if (!node) return E_FAIL;
-  std::string_view text;
-  if (node->kind == Kind::FloatVal) text = Value(*node);
-  else if (node->kind == Kind::Node && FirstChild(*node)) text = Value(*FirstChild(*node));
-  else return E_FAIL;
-  double d = ReadReal(text);
-  oValue = d;
-  _DoubleValues[MakeKey(path, iIndex)] = d;
-  return S_OK;
+  return GetSingle(_DoubleValues, Kind::FloatVal, &ReadReal, iPath, iIndex, oValue);
 }
 
 HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, ZOLUnicodeString& oValue) {

@@ -137,6 +137,9 @@ private:
   // "path.index" and "parent-of-path.index", built in the reused key buffer.
   std::string_view MakeKey(std::string_view path, int index);
   std::string_view MakeParentKey(std::string_view path, int index);
+  // One integer or real: the cache, else the leaf of that kind or a node's first child, read and cached.
+  template <class T, class Read>
+  HRESULT GetSingle(ZOLVotKeyMap<T>& cache, ZOLVotNodeKind leaf, Read read, const char* iPath, int iIndex, T& oValue);
   static int ReadInt(std::string_view text);
   static double ReadReal(std::string_view text);
   HRESULT Stub();

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "QelstdVerb.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLSysLog.h"
 
@@ -27,6 +28,17 @@ inline ZOLIDrwStandard_var OpenStandard(const std::string& nameOrFile, std::stri
   if (s && !s->HasNode("Dimension") && !s->HasNode("Version")) {
     why = "not a standard in the std dialect, or not well-formed";
     return nullptr;
+  }
+  return s;
+}
+
+/// OpenStandard, with the error written and the exit status set when there is none.
+inline ZOLIDrwStandard_var OpenStandardOrFail(const std::string& nameOrFile, int* status) {
+  std::string why;
+  ZOLIDrwStandard_var s = OpenStandard(nameOrFile, why);
+  if (!s) {
+    Error(nameOrFile, why);
+    *status = kNotFound;
   }
   return s;
 }

@@ -105,13 +105,8 @@ void Setup(CLI::App& app, int* status) {
   cmd->add_option("--index", *index, "One-based index in a list of typed entries")->check(CLI::PositiveNumber);
   cmd->add_flag("--json", *json, "Print one JSON object");
   cmd->callback([=] {
-    std::string why;
-    ZOLIDrwStandard_var s = qelstd::OpenStandard(*standard, why);
-    if (!s) {
-      qelstd::Error(*standard, why);
-      *status = qelstd::kNotFound;
-      return;
-    }
+    ZOLIDrwStandard_var s = qelstd::OpenStandardOrFail(*standard, status);
+    if (!s) return;
     Reading r;
     if (!Read(s, *path, *index, r)) {
       qelstd::Error(*path, "no value at this path" + (*index != 1 ? " and index " + std::to_string(*index) : std::string()) +

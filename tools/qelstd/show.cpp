@@ -20,13 +20,8 @@ void Setup(CLI::App& app, int* status) {
   cmd->add_option("prefix", *prefix, "Start of the dotted paths to list; all when absent");
   cmd->add_flag("--json", *json, "Print a JSON array of {key, kind, value}");
   cmd->callback([=] {
-    std::string why;
-    ZOLIDrwStandard_var s = qelstd::OpenStandard(*standard, why);
-    if (!s) {
-      qelstd::Error(*standard, why);
-      *status = qelstd::kNotFound;
-      return;
-    }
+    ZOLIDrwStandard_var s = qelstd::OpenStandardOrFail(*standard, status);
+    if (!s) return;
     ZOLListValZOLUnicodeString keys, kinds, values;
     ZOLDftStandardServices::ListFiledValues(s, prefix->c_str(), keys, kinds, values);
     if (keys.Size() == 0) {
