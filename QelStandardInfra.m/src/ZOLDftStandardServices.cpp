@@ -120,10 +120,11 @@ long ZOLDftStandardServices::FindStandardFileInEnv(const ZOLUnicodeString& name,
   const char* dir = WorkingDirectory(name);
   if (!dir) return 1;
   const ZOLUnicodeString working(std::string(dir) + ZOLPathSeparator + fileName);
-  // A working copy counts only when this call wrote it: a stale copy of an earlier call must not
-  // stand for a repository file that is gone, nor for the built-in text.
-  if (SUCCEEDED(ZOLStdServices::CopyStandard(name, ZOLDftStdPersistence::ZOLDftStdType, working)) &&
-      CanOpen(working.str())) {
+  // The copy's result is not looked at: whatever stands at the working path now is the answer, so
+  // a working copy left by an earlier call is served as it is, and the built-in text is written only
+  // when there is none. Callers that load the working copy by modification time rely on it staying put.
+  (void)ZOLStdServices::CopyStandard(name, ZOLDftStdPersistence::ZOLDftStdType, working);
+  if (CanOpen(working.str())) {
     path = working;
     return 0;
   }

@@ -171,13 +171,16 @@ TEST(FindWorkingCopy, NoWorkingDirectoryIsSaidAndNothingIsWritten) {
   EXPECT_FALSE(fs::exists("Company.xml")) << "never the current directory";
 }
 
-TEST(FindWorkingCopy, UnknownNameGivesOneEvenWithAStaleWorkingCopy) {
+TEST(FindWorkingCopy, WorkingCopyLeftByAnEarlierCallIsServedForAnyName) {
   Catalogue c;
   WriteText(c.work + "/Gone.xml", "stale");
   ZOLUnicodeString path("unchanged");
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Gone", path, false), 1);
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("../work/Gone", path, false), 1);
-  EXPECT_EQ(path.str(), "unchanged");
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Gone", path, false), 0);
+  EXPECT_EQ(path.str(), c.work + "/Gone.xml");
+  EXPECT_EQ(ReadText(path.str()), "stale");
+  ZOLUnicodeString other("unchanged");
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("../work/Gone", other, false), 1);
+  EXPECT_EQ(other.str(), "unchanged");
 }
 
 TEST(FindWorkingCopy, AlternateComesFromTheDrawingKind) {
@@ -199,16 +202,16 @@ TEST(FindWorkingCopy, RepositoryFileGoesBeforeTheBuiltinText) {
   EXPECT_EQ(ReadText(path.str()), "site iso");
 }
 
-TEST(FindWorkingCopy, BuiltinTextReplacesAStaleWorkingCopy) {
+TEST(FindWorkingCopy, StaleWorkingCopyWinsOverTheBuiltinTextButNotOverTheRepository) {
   Catalogue c;
   WriteText(c.work + "/ISO.xml", "stale");
   ZOLUnicodeString path("unchanged");
-  long hr = ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, false);
-  const ZOLUnicodeString* builtin = Builtin("ISO");
-  ASSERT_TRUE(builtin);
-  EXPECT_EQ(hr, 0);
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, false), 0);
   EXPECT_EQ(path.str(), c.work + "/ISO.xml");
-  EXPECT_EQ(ReadText(path.str()), builtin->str());
+  EXPECT_EQ(ReadText(path.str()), "stale") << "the built-in text is written only where no working copy stands";
+  WriteText(c.site + "/drafting/ISO.xml", "site iso");
+  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, false), 0);
+  EXPECT_EQ(ReadText(path.str()), "site iso");
 }
 
 TEST(FindWorkingCopy, EachBuiltinIsWrittenWhenTheRepositoryIsEmpty) {

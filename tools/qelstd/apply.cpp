@@ -1,4 +1,4 @@
-// qelstd apply EDITS: tries edit strings on an empty document.
+// qelstd apply EDITS [--in FILE] [-o FILE]: tries edit strings on a document.
 #include <cerrno>
 #include <cstring>
 #include <fstream>
@@ -30,7 +30,14 @@ bool ReadText(const std::string& path, std::string& text, std::string& why) {
   return true;
 }
 
-int RunApply(const std::string& path) {
+struct ApplyOptions {
+  std::string edits;
+  std::string in;   // document to start from; empty: an empty document
+  std::string out;  // where to save the result; empty: nowhere
+};
+
+int RunApply(const ApplyOptions& options) {
+  const std::string& path = options.edits;
   std::string text, why;
   if (!ReadText(path, text, why)) {
     qelstd::Error(path, why);
@@ -45,6 +52,12 @@ int RunApply(const std::string& path) {
   std::vector<std::string> reports;
   ZOLSysLogHook previous = ZOLSysLogSetHook([&reports](bool, const char* report) { reports.emplace_back(report); });
   ZOLAnnStandardXMLParser doc;
+  if (!options.in.empty() && doc.DecodeXML(ZOLUnicodeString(options.in), 1) != 0) {
+    ZOLSysLogSetHook(std::move(previous));
+    for (const auto& r : reports) std::fprintf(stderr, "report: %s", r.c_str());
+    qelstd::Error(options.in, "not a standard document (decoding failed)");
+    return qelstd::kNotFound;
+  }
   int failed = 0;
   for (const auto& line : lines) {
     reports.clear();
@@ -57,14 +70,24 @@ int RunApply(const std::string& path) {
   qelstd::PrintOutline(stdout, doc);
   std::printf("\nversion: %d\n", doc.GetVersion());
   for (const auto& r : reports) std::printf("report: %s", r.c_str());
+  reports.clear();
+  HRESULT saved = options.out.empty() ? S_OK : doc.SaveInFile(ZOLUnicodeString(options.out));
   ZOLSysLogSetHook(std::move(previous));
+  if (FAILED(saved)) {
+    for (const auto& r : reports) std::fprintf(stderr, "report: %s", r.c_str());
+    qelstd::Error(options.out, "cannot be saved; nothing was written");
+    return qelstd::kNotFound;
+  }
+  if (!options.out.empty()) std::printf("saved: %s\n", options.out.c_str());
   return failed ? qelstd::kNotFound : qelstd::kDone;
 }
 
 void SetupApply(CLI::App& app, int* status) {
-  auto* verb = app.add_subcommand("apply", "Apply a file of edit strings to an empty document and show the result");
-  auto path = std::make_shared<std::string>();
-  verb->add_option("EDITS", *path, "File of edit strings, one per line")->required();
+  auto* verb = app.add_subcommand("apply", "Apply a file of edit strings to a document and show the result");
+  auto options = std::make_shared<ApplyOptions>();
+  verb->add_option("EDITS", options->edits, "File of edit strings, one per line")->required();
+  verb->add_option("--in", options->in, "Standard file to start from (default: an empty document)");
+  verb->add_option("-o,--out", options->out, "Save the edited document to this file (written whole or not at all)");
   verb->footer(std::string(qelstd::kEditFileFormat) +
                "\nPrints each line's result code (0 done, 1 place not found, 2 position not a number) and the\n"
                "reports it raised, then the document as an outline and its version. Exit status 1 when a line\n"
@@ -76,8 +99,9 @@ void SetupApply(CLI::App& app, int* status) {
                "  node Root:Frames\n"
                "  typeval Root.Frames:Frame\n"
                "  value@-1 Root.Frames.Frame:Visible:enum.YesNo:Yes\n"
-               "  $ qelstd apply frames.edits\n");
-  verb->callback([path, status] { *status = RunApply(*path); });
+               "  $ qelstd apply frames.edits\n"
+               "  $ qelstd apply --in ISO.xml -o ISO-edited.xml frames.edits\n");
+  verb->callback([options, status] { *status = RunApply(*options); });
 }
 
 const qelstd::VerbRegistrar registrar("apply", SetupApply);
