@@ -1,6 +1,8 @@
 // The DOM codec: decoding by the rules of the dialect, encoding in root order, and bad input.
 #include <gtest/gtest.h>
 
+#include <cctype>
+
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -273,7 +275,14 @@ INSTANTIATE_TEST_SUITE_P(
         Fault{"minval in a typedef", "<std:typedef name=\"T\"><std:floatval name=\"f\" minval=\"0\">1</std:floatval></std:typedef>", 2, "Invalid node"},
         Fault{"broken typedef inside a node", kNode + "<std:typedef name=\"T\"/></std:node>", 1, "Typedef node empty!"},
         Fault{"element inside a value", kNode + "<std:strval>a<b/>c</std:strval></std:node>", 1, "Invalid node where there should"},
-        Fault{"processing instruction inside a value", kNode + "<std:strval>a<?x y?></std:strval></std:node>", 1, "Invalid node where there should"}));
+        Fault{"processing instruction inside a value", kNode + "<std:strval>a<?x y?></std:strval></std:node>", 1, "Invalid node where there should"}),
+    // Each case is named after what it breaks, in the characters a test name allows.
+    [](const testing::TestParamInfo<Fault>& info) {
+      std::string name;
+      for (const char* c = info.param.what; *c; ++c)
+        name += std::isalnum(static_cast<unsigned char>(*c)) ? *c : '_';
+      return name;
+    });
 
 TEST(DOMCodec, AttributeTable_NamedValuesBelowTypevalAndBoundsBelowNodesAreRight) {
   ZOLTestReports reports;
