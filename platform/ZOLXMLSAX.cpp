@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -28,28 +29,132 @@ std::string_view View(const xmlChar* s) {
   return s ? std::string_view(reinterpret_cast<const char*>(s)) : std::string_view();
 }
 
+// True when the C string s is exactly text; reads s no further than its terminator.
+bool SameText(const xmlChar* s, std::string_view text) {
+  if (!s) return text.empty();
+  for (char c : text)
+    if (static_cast<char>(*s++) != c || c == '\0') return false;
+  return *s == 0;
+}
+
+// The attribute name that a handler asked for last, with the parser's interned pointers of its
+// local name and prefix: a handler asks for the same attribute of every element, and the next
+// lookup then compares pointers instead of texts. Only names that the parser's dictionary owns
+// are remembered, since those stay put and unchanged for the whole parse.
+struct AttributeMemo {
+  std::string qualifiedName;
+  const xmlChar* local = nullptr;
+  const xmlChar* prefix = nullptr;
+  xmlDictPtr dict = nullptr;
+};
+
+// Equality of short texts without a library call.
+bool SameText(std::string_view a, std::string_view b) {
+  if (a.size() != b.size()) return false;
+  for (size_t i = 0; i < a.size(); ++i)
+    if (a[i] != b[i]) return false;
+  return true;
+}
+
 // libxml2 hands attributes as five pointers each: local name, prefix, URI, value, value end.
 class Attributes final : public ZOLISAXAttributes {
 public:
-  Attributes(const xmlChar** attrs, int count) : _attrs(attrs), _count(count) {}
+  Attributes(const xmlChar** attrs, int count, AttributeMemo& memo) : _attrs(attrs), _count(count), _memo(memo) {}
 
   int GetValue(std::string_view qualifiedName, std::string_view& value) const override {
-    size_t colon = qualifiedName.find(':');
-    std::string_view prefix = colon == std::string_view::npos ? std::string_view() : qualifiedName.substr(0, colon);
-    std::string_view local = colon == std::string_view::npos ? qualifiedName : qualifiedName.substr(colon + 1);
+    if (_count == 0) return 0;
+    const bool remembered = _memo.local && SameText(qualifiedName, _memo.qualifiedName);
+    std::string_view prefix, local;
+    bool split = false;
     for (int i = 0; i < _count; ++i) {
       const xmlChar** a = _attrs + 5 * i;
-      if (View(a[0]) != local || View(a[1]) != prefix) continue;
-      value = std::string_view(reinterpret_cast<const char*>(a[3]), static_cast<size_t>(a[4] - a[3]));
-      return 1;
+      if (remembered && a[0] == _memo.local && a[1] == _memo.prefix) return Take(a, value);
+      if (!split) {
+        split = true;
+        size_t colon = qualifiedName.find(':');
+        prefix = colon == std::string_view::npos ? std::string_view() : qualifiedName.substr(0, colon);
+        local = colon == std::string_view::npos ? qualifiedName : qualifiedName.substr(colon + 1);
+      }
+      if (!SameText(a[0], local) || !SameText(a[1], prefix)) continue;
+      const bool interned = _memo.dict && xmlDictOwns(_memo.dict, a[0]) == 1 && (!a[1] || xmlDictOwns(_memo.dict, a[1]) == 1);
+      _memo.qualifiedName.assign(qualifiedName);
+      _memo.local = interned ? a[0] : nullptr;
+      _memo.prefix = a[1];
+      return Take(a, value);
     }
     return 0;
   }
   int GetLength() const override { return _count; }
 
 private:
+  static int Take(const xmlChar** a, std::string_view& value) {
+    value = std::string_view(reinterpret_cast<const char*>(a[3]), static_cast<size_t>(a[4] - a[3]));
+    return 1;
+  }
+
   const xmlChar** _attrs;
   int _count;
+  AttributeMemo& _memo;
+};
+
+// Element names as the handlers get them, remembered by the parser's interned name pointers so
+// that an element costs no string building. Only names that the parser's dictionary owns are
+// remembered: those stay put and unchanged for the whole parse.
+class ElementNames {
+public:
+  struct Names {
+    std::string_view uri, local, qualified;
+  };
+
+  void Reset(xmlDictPtr dict) {
+    _dict = dict;
+    for (Entry& e : _entries) e.local = nullptr;
+  }
+
+  const Names& Get(const xmlChar* local, const xmlChar* prefix, const xmlChar* uri) {
+    uint64_t key = reinterpret_cast<uintptr_t>(local) ^ (reinterpret_cast<uintptr_t>(prefix) << 1) ^
+                   (reinterpret_cast<uintptr_t>(uri) << 2);
+    size_t home = static_cast<size_t>((key * 0x9E3779B97F4A7C15ull) >> 58);
+    for (size_t k = 0; k < kProbes; ++k) {
+      Entry& e = _entries[(home + k) % kSize];
+      if (e.local == local && e.prefix == prefix && e.uri == uri) return e.names;
+      if (!e.local) return Fill(e, local, prefix, uri);
+    }
+    return Fill(_entries[home % kSize], local, prefix, uri);
+  }
+
+private:
+  static constexpr size_t kSize = 64, kProbes = 4;  // kSize matches the 6 bits of the home slot
+  struct Entry {
+    const xmlChar* local = nullptr;
+    const xmlChar* prefix = nullptr;
+    const xmlChar* uri = nullptr;
+    std::string text;  // qualified name, then the URI
+    Names names;
+  };
+
+  bool Owned(const xmlChar* s) const { return !s || (_dict && xmlDictOwns(_dict, s) == 1); }
+
+  const Names& Fill(Entry& e, const xmlChar* local, const xmlChar* prefix, const xmlChar* uri) {
+    bool keep = Owned(local) && Owned(prefix) && Owned(uri);
+    Entry& target = keep ? e : _scratch;
+    target.local = keep ? local : nullptr;
+    target.prefix = prefix;
+    target.uri = uri;
+    std::string_view l = View(local), p = View(prefix), u = View(uri);
+    target.text.clear();
+    if (prefix) target.text.append(p).append(1, ':');
+    target.text.append(l).append(u);
+    size_t qualified = target.text.size() - u.size();
+    target.names.qualified = std::string_view(target.text.data(), qualified);
+    target.names.local = target.names.qualified.substr(qualified - l.size());
+    target.names.uri = std::string_view(target.text.data() + qualified, u.size());
+    return target.names;
+  }
+
+  xmlDictPtr _dict = nullptr;
+  Entry _entries[kSize];
+  Entry _scratch;
 };
 
 class Reader final : public ZOLISAXXMLReader {
@@ -105,6 +210,8 @@ private:
   // Prefixes declared per open element, for EndPrefixMapping.
   std::vector<std::string> _prefixes;
   std::vector<int> _prefixCounts;
+  ElementNames _names;
+  AttributeMemo _lastAttribute;
 };
 
 void Reader::OnStartDocument(void* ctx) {
@@ -129,20 +236,9 @@ void Reader::OnStartElement(void* ctx, const xmlChar* localName, const xmlChar* 
   }
   if (!r->_content) return;
   r->Call([&] {
-    std::string_view local = View(localName);
-    Attributes attrs(attributes, nbAttributes);
-    if (!prefix) return r->_content->StartElement(View(uri), local, local, attrs);
-    // A qualified name is rarely long; keep it on the stack when it fits.
-    std::string_view p = View(prefix);
-    char buffer[256];
-    std::string heap;
-    char* q = buffer;
-    size_t size = p.size() + 1 + local.size();
-    if (size > sizeof buffer) { heap.resize(size); q = heap.data(); }
-    std::memcpy(q, p.data(), p.size());
-    q[p.size()] = ':';
-    std::memcpy(q + p.size() + 1, local.data(), local.size());
-    return r->_content->StartElement(View(uri), local, std::string_view(q, size), attrs);
+    const ElementNames::Names& n = r->_names.Get(localName, prefix, uri);
+    Attributes attrs(attributes, nbAttributes, r->_lastAttribute);
+    return r->_content->StartElement(n.uri, n.local, n.qualified, attrs);
   });
 }
 
@@ -150,17 +246,15 @@ void Reader::OnEndElement(void* ctx, const xmlChar* localName, const xmlChar* pr
   Reader* r = Self(ctx);
   if (r->_content) {
     r->Call([&] {
-      std::string_view local = View(localName);
-      if (!prefix) return r->_content->EndElement(View(uri), local, local);
-      std::string qualified;
-      qualified.reserve(std::strlen(reinterpret_cast<const char*>(prefix)) + 1 + local.size());
-      qualified.append(View(prefix)).append(1, ':').append(local);
-      return r->_content->EndElement(View(uri), local, qualified);
+      const ElementNames::Names& n = r->_names.Get(localName, prefix, uri);
+      return r->_content->EndElement(n.uri, n.local, n.qualified);
     });
   }
-  if (r->_prefixCounts.empty()) return;
-  int declared = r->_prefixCounts.back();
-  r->_prefixCounts.pop_back();
+  int declared = 0;
+  if (!r->_prefixCounts.empty()) {
+    declared = r->_prefixCounts.back();
+    r->_prefixCounts.pop_back();
+  }
   for (int i = 0; i < declared && !r->_prefixes.empty(); ++i) {
     std::string p = std::move(r->_prefixes.back());
     r->_prefixes.pop_back();
@@ -255,6 +349,9 @@ HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
   // NOENT makes libxml2 hand decoded attribute values to SAX; with no declarations honoured it can
   // expand nothing but the predefined entities.
   xmlCtxtUseOptions(_ctxt, XML_PARSE_NONET | XML_PARSE_NOENT);
+  _names.Reset(_ctxt->dict);
+  _lastAttribute = AttributeMemo();
+  _lastAttribute.dict = _ctxt->dict;
 
   if (file) {
     std::vector<char> buffer(kChunk);
@@ -271,7 +368,7 @@ HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
     if (going) Feed(nullptr, 0, true);
     std::fclose(file);
   } else {
-    const std::string& text = source.GetContent();
+    std::string_view text = source.GetText();
     bool going = true;
     // Pieces of a megabyte keep the parser's own buffer small on texts of any size.
     for (size_t pos = 0; going && pos < text.size(); pos += kTextChunk)
@@ -297,6 +394,11 @@ public:
   HRESULT CreateInputSourceFromText(std::string_view text, std::string_view systemId,
                                     std::unique_ptr<ZOLIXMLInputSource>& source) override {
     source = std::make_unique<ZOLIXMLInputSource>(ZOLIXMLInputSource::Kind::Text, std::string(text), std::string(systemId));
+    return S_OK;
+  }
+  HRESULT CreateInputSourceOverText(std::string_view text, std::string_view systemId,
+                                    std::unique_ptr<ZOLIXMLInputSource>& source) override {
+    source = std::make_unique<ZOLIXMLInputSource>(ZOLIXMLInputSource::Borrowed{}, text, std::string(systemId));
     return S_OK;
   }
   HRESULT CreateInputSourceFromFile(std::string_view path, std::string_view systemId,

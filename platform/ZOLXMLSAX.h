@@ -54,22 +54,34 @@ public:
   virtual int FatalError(const ZOLSAXParseError& error) = 0;
 };
 
-/// Where a document comes from: a file path or a text held by the source.
+/// Where a document comes from: a file path, or a text held by the source or borrowed from its caller.
 class ZOLIXMLInputSource {
 public:
   enum class Kind { File, Text };
+  /// Marks the constructor of a text source that refers to its caller's text instead of copying it.
+  struct Borrowed {};
   ZOLIXMLInputSource(Kind kind, std::string content, std::string systemId)
       : _kind(kind), _content(std::move(content)), _systemId(std::move(systemId)) {}
+  /// A text source over text that the caller keeps alive and unchanged for the life of the source.
+  ZOLIXMLInputSource(Borrowed, std::string_view text, std::string systemId)
+      : _kind(Kind::Text), _borrowed(text), _isBorrowed(true), _systemId(std::move(systemId)) {}
   /// File or Text.
   Kind GetKind() const { return _kind; }
-  /// The path of a file source, the text of a text source.
-  const std::string& GetContent() const { return _content; }
+  /// The path of a file source, the text of a text source (a borrowed text is copied on first call).
+  const std::string& GetContent() const {
+    if (_isBorrowed && _content.size() != _borrowed.size()) _content.assign(_borrowed);
+    return _content;
+  }
+  /// The path of a file source, the text of a text source; never copies.
+  std::string_view GetText() const { return _isBorrowed ? _borrowed : std::string_view(_content); }
   /// The system identifier given at creation.
   const std::string& GetSystemId() const { return _systemId; }
 
 private:
   Kind _kind;
-  std::string _content;
+  mutable std::string _content;
+  std::string_view _borrowed;
+  bool _isBorrowed = false;
   std::string _systemId;
 };
 
@@ -99,6 +111,13 @@ public:
   /// A source over a text (copied); S_OK.
   virtual HRESULT CreateInputSourceFromText(std::string_view text, std::string_view systemId,
                                             std::unique_ptr<ZOLIXMLInputSource>& source) = 0;
+  /// A source over a text that is not copied: the caller keeps it alive and unchanged as long as
+  /// the source lives; S_OK.
+  virtual HRESULT CreateInputSourceOverText(std::string_view text, std::string_view systemId,
+                                            std::unique_ptr<ZOLIXMLInputSource>& source) {
+    source = std::make_unique<ZOLIXMLInputSource>(ZOLIXMLInputSource::Borrowed{}, text, std::string(systemId));
+    return S_OK;
+  }
   /// A source over a file path; S_OK (the file is opened by the parse).
   virtual HRESULT CreateInputSourceFromFile(std::string_view path, std::string_view systemId,
                                             std::unique_ptr<ZOLIXMLInputSource>& source) = 0;

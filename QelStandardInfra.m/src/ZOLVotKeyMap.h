@@ -1,9 +1,11 @@
 // Hash map from text keys to values for the caches of a standard object. The keys live in the
-// object's character store (one string, addressed by offsets, so that it may grow); lookups take
+// object's character store (one block, addressed by offsets, so that it may grow); lookups take
 // a string_view and build nothing. Open addressing with linear probing and backward-shift erase.
 #pragma once
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,61 +17,152 @@ struct ZOLVotSpan {
   uint32_t len = 0;
 };
 
+/// The character store of a standard object: one growing block of names, values and keys,
+/// addressed by offsets so that it may move. Appends copy short texts inline: a load makes a
+/// few of them per element.
+class ZOLVotChars {
+public:
+  /// The first character.
+  const char* data() const { return _data.get(); }
+  /// Characters stored.
+  size_t size() const { return _size; }
+  /// Characters that fit without growing.
+  size_t capacity() const { return _capacity; }
+  /// Makes room for n characters in all.
+  void reserve(size_t n) {
+    if (n > _capacity) Reallocate(n);
+  }
+  /// Copies text, which may lie in the store itself, to the end; the span of the copy.
+  ZOLVotSpan Append(std::string_view text) {
+    const size_t n = text.size();
+    if (n > _capacity - _size) return AppendGrowing(text);
+    Copy(_data.get() + _size, text.data(), n);
+    ZOLVotSpan span{static_cast<uint32_t>(_size), static_cast<uint32_t>(n)};
+    _size += n;
+    return span;
+  }
+
+private:
+  // Short texts, the usual case, by word moves that may overlap; longer ones by memcpy.
+  static void Copy(char* d, const char* s, size_t n) {
+    if (n > 64) {
+      std::memcpy(d, s, n);
+    } else if (n >= 8) {
+      uint64_t v;
+      for (size_t i = 0; i + 8 < n; i += 8) {
+        std::memcpy(&v, s + i, 8);
+        std::memcpy(d + i, &v, 8);
+      }
+      std::memcpy(&v, s + n - 8, 8);
+      std::memcpy(d + n - 8, &v, 8);
+    } else if (n >= 4) {
+      uint32_t a, b;
+      std::memcpy(&a, s, 4);
+      std::memcpy(&b, s + n - 4, 4);
+      std::memcpy(d, &a, 4);
+      std::memcpy(d + n - 4, &b, 4);
+    } else if (n > 0) {
+      const char first = s[0], middle = s[n / 2], last = s[n - 1];
+      d[0] = first;
+      d[n / 2] = middle;
+      d[n - 1] = last;
+    }
+  }
+
+  ZOLVotSpan AppendGrowing(std::string_view text) {
+    // The old block stays until text, which may lie in it, is copied.
+    std::unique_ptr<char[]> old = Reallocate(std::max(_capacity * 2, _size + text.size()) + 64);
+    return Append(text);
+  }
+
+  // Moves the characters to a block of the given capacity; the old block.
+  std::unique_ptr<char[]> Reallocate(size_t capacity) {
+    std::unique_ptr<char[]> data = std::make_unique_for_overwrite<char[]>(capacity);
+    if (_size) std::memcpy(data.get(), _data.get(), _size);
+    std::swap(_data, data);
+    _capacity = capacity;
+    return data;
+  }
+
+  std::unique_ptr<char[]> _data;
+  size_t _size = 0;
+  size_t _capacity = 0;
+};
+
 /// A text of a character store.
-inline std::string_view ZOLVotView(const std::string& chars, ZOLVotSpan s) { return {chars.data() + s.off, s.len}; }
+inline std::string_view ZOLVotView(const ZOLVotChars& chars, ZOLVotSpan s) { return {chars.data() + s.off, s.len}; }
 
 /// Copies text to the end of a character store; the span of the copy.
-inline ZOLVotSpan ZOLVotStore(std::string& chars, std::string_view text) {
-  ZOLVotSpan s{static_cast<uint32_t>(chars.size()), static_cast<uint32_t>(text.size())};
-  chars.append(text.data(), text.size());
-  return s;
-}
+inline ZOLVotSpan ZOLVotStore(ZOLVotChars& chars, std::string_view text) { return chars.Append(text); }
 
-/// A fast hash of short texts; never 0, which marks an empty slot.
+namespace ZOLVotHashDetail {
+inline uint64_t Mix(uint64_t a, uint64_t b) {
+  unsigned __int128 r = static_cast<unsigned __int128>(a) * b;
+  return static_cast<uint64_t>(r) ^ static_cast<uint64_t>(r >> 64);
+}
+inline uint64_t Read8(const char* p) {
+  uint64_t v;
+  std::memcpy(&v, p, 8);
+  return v;
+}
+inline uint64_t Read4(const char* p) {
+  uint32_t v;
+  std::memcpy(&v, p, 4);
+  return v;
+}
+}  // namespace ZOLVotHashDetail
+
+/// A fast hash of short texts (multiply-and-fold over sixteen bytes a round); never 0, which
+/// marks an empty slot.
 inline uint64_t ZOLVotHash(std::string_view s) {
+  using namespace ZOLVotHashDetail;
+  constexpr uint64_t k0 = 0xa0761d6478bd642full, k1 = 0xe7037ed1a0b428dbull, k2 = 0x8ebc6af09c88c6e3ull;
   const char* p = s.data();
-  size_t n = s.size();
-  uint64_t h = 0x9E3779B97F4A7C15ull ^ (n * 0xff51afd7ed558ccdull);
-  while (n >= 8) {
-    uint64_t v;
-    std::memcpy(&v, p, 8);
-    h = (h ^ v) * 0xbf58476d1ce4e5b9ull;
-    h ^= h >> 31;
-    p += 8;
-    n -= 8;
+  const size_t n = s.size();
+  uint64_t seed = k0 ^ Mix(n ^ k0, k1);
+  uint64_t a = 0, b = 0;
+  if (n <= 16) {
+    if (n >= 4) {
+      const size_t mid = (n >> 3) << 2;
+      a = Read4(p) << 32 | Read4(p + mid);
+      b = Read4(p + n - 4) << 32 | Read4(p + n - 4 - mid);
+    } else if (n > 0) {
+      a = static_cast<uint64_t>(static_cast<unsigned char>(p[0])) << 16 |
+          static_cast<uint64_t>(static_cast<unsigned char>(p[n >> 1])) << 8 | static_cast<unsigned char>(p[n - 1]);
+    }
+  } else {
+    size_t i = n;
+    for (; i > 16; i -= 16, p += 16) seed = Mix(Read8(p) ^ k1, Read8(p + 8) ^ seed);
+    a = Read8(p + i - 16);
+    b = Read8(p + i - 8);
   }
-  if (n) {
-    uint64_t v = 0;
-    std::memcpy(&v, p, n);
-    h = (h ^ v) * 0x94d049bb133111ebull;
-  }
-  h ^= h >> 29;
-  h *= 0xbf58476d1ce4e5b9ull;
-  h ^= h >> 32;
+  uint64_t h = Mix(k1 ^ n, Mix(a ^ k1, b ^ seed) ^ k2);
   return h ? h : 1;
 }
 
 template <class V>
 class ZOLVotKeyMap {
 public:
-  explicit ZOLVotKeyMap(std::string& chars) : _chars(&chars) {}
+  explicit ZOLVotKeyMap(ZOLVotChars& chars) : _chars(&chars) {}
 
   /// The value under key, or null.
-  V* Find(std::string_view key) {
+  V* Find(std::string_view key) { return Find(key, ZOLVotHash(key)); }
+  const V* Find(std::string_view key) const { return const_cast<ZOLVotKeyMap*>(this)->Find(key); }
+  /// The value under key whose ZOLVotHash is h, or null.
+  V* Find(std::string_view key, uint64_t h) {
     if (_slots.empty()) return nullptr;
-    uint64_t h = ZOLVotHash(key);
     for (size_t i = h & _mask;; i = (i + 1) & _mask) {
       Slot& s = _slots[i];
       if (s.hash == 0) return nullptr;
       if (s.hash == h && Equal(s, key)) return &s.value;
     }
   }
-  const V* Find(std::string_view key) const { return const_cast<ZOLVotKeyMap*>(this)->Find(key); }
 
   /// The value under key, made (value-initialised) if absent; the key is copied to the store.
-  V& operator[](std::string_view key) {
+  V& operator[](std::string_view key) { return Get(key, ZOLVotHash(key)); }
+  /// As operator[], for a key whose ZOLVotHash is h.
+  V& Get(std::string_view key, uint64_t h) {
     if ((_count + 1) * 4 > _slots.size() * 3) Grow();
-    uint64_t h = ZOLVotHash(key);
     size_t i = h & _mask;
     for (;; i = (i + 1) & _mask) {
       Slot& s = _slots[i];
@@ -85,9 +178,10 @@ public:
   }
 
   /// Removes key; 1 if it was there.
-  int Erase(std::string_view key) {
+  int Erase(std::string_view key) { return Erase(key, ZOLVotHash(key)); }
+  /// Removes key whose ZOLVotHash is h; 1 if it was there.
+  int Erase(std::string_view key, uint64_t h) {
     if (_slots.empty()) return 0;
-    uint64_t h = ZOLVotHash(key);
     size_t i = h & _mask;
     for (;; i = (i + 1) & _mask) {
       if (_slots[i].hash == 0) return 0;
@@ -150,7 +244,7 @@ private:
     }
   }
 
-  std::string* _chars;
+  ZOLVotChars* _chars;
   std::vector<Slot> _slots;
   size_t _mask = 0;
   size_t _count = 0;

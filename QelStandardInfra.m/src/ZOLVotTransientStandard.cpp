@@ -2,6 +2,8 @@
 #include "ZOLVotTransientStandard.h"
 
 #include <algorithm>
+#include <bit>
+#include <iterator>
 #include <charconv>
 #include <climits>
 #include <cmath>
@@ -27,18 +29,50 @@ using Node = ZOLVotStandardNode;
 constexpr std::string_view kTypeNames[] = {"",           "std:node",   "std:typeval", "std:intval",  "std:floatval",
                                            "std:strval", "std:enumval", "std:colorval", "std:enumdef", "std:typedef"};
 
-// Called twice per element: picks the candidate by length and one letter before comparing.
-Kind KindOf(std::string_view tag) {
-  if (tag.size() < 8 || tag.size() > 12 || std::memcmp(tag.data(), "std:", 4) != 0) return Kind::Other;
-  Kind k = Kind::Other;
-  switch (tag.size()) {
+// The eight bytes of s from at, as a native load of them would give.
+constexpr uint64_t Pack8(std::string_view s, size_t at) {
+  uint64_t v = 0;
+  for (size_t i = 0; i < 8; ++i) {
+    uint64_t byte = static_cast<unsigned char>(s[at + i]);
+    v |= std::endian::native == std::endian::little ? byte << (8 * i) : byte << (8 * (7 - i));
+  }
+  return v;
+}
+
+uint64_t Load8(const char* p) {
+  uint64_t v;
+  std::memcpy(&v, p, 8);
+  return v;
+}
+
+// The first and the last eight bytes of each element name (all are 8 to 12 bytes long).
+struct KindKeys {
+  uint64_t head[std::size(kTypeNames)] = {};
+  uint64_t tail[std::size(kTypeNames)] = {};
+  constexpr KindKeys() {
+    for (size_t k = 1; k < std::size(kTypeNames); ++k) {
+      head[k] = Pack8(kTypeNames[k], 0);
+      tail[k] = Pack8(kTypeNames[k], kTypeNames[k].size() - 8);
+    }
+  }
+};
+constexpr KindKeys kKindKeys;
+
+// Called twice per element: picks the candidate by length and one letter, then compares the
+// whole name as two overlapping words.
+inline Kind KindOf(std::string_view tag) {
+  const size_t n = tag.size();
+  if (n < 8 || n > 12) return Kind::Other;
+  Kind k;
+  switch (n) {
     case 8: k = Kind::Node; break;
     case 10: k = tag[4] == 'i' ? Kind::IntVal : Kind::StrVal; break;
     case 11: k = tag[4] == 't' ? (tag[8] == 'v' ? Kind::TypeVal : Kind::TypeDef) : (tag[8] == 'v' ? Kind::EnumVal : Kind::EnumDef); break;
     case 12: k = tag[4] == 'f' ? Kind::FloatVal : Kind::ColorVal; break;
     default: return Kind::Other;
   }
-  return tag == kTypeNames[static_cast<int>(k)] ? k : Kind::Other;
+  const int i = static_cast<int>(k);
+  return Load8(tag.data()) == kKindKeys.head[i] && Load8(tag.data() + n - 8) == kKindKeys.tail[i] ? k : Kind::Other;
 }
 
 bool IsValueKind(Kind k) {
@@ -82,7 +116,7 @@ int StoiPiece(std::string_view piece) {
 }
 
 // Writes a string array to the caller's strings.
-void WriteStrings(const std::string& chars, const std::vector<ZOLVotSpan>& list, ZOLUnicodeString** oValues) {
+void WriteStrings(const ZOLVotChars& chars, const std::vector<ZOLVotSpan>& list, ZOLUnicodeString** oValues) {
   for (size_t i = 0; i < list.size(); ++i)
     if (oValues[i]) oValues[i]->str().assign(ZOLVotView(chars, list[i]));
 }
@@ -120,7 +154,8 @@ HRESULT ZOLVotTransientStandard::Load(const ZOLUnicodeString* source, bool isBuf
   if (source && isBuffer) Reserve(source->str().size());
   else if (source && ZOLFileStat(source->ConvertToChar(), &info) == 0) Reserve(static_cast<size_t>(info.st_size));
   if (source) {
-    hr = isBuffer ? factory->CreateInputSourceFromText(source->str(), "fileID", input)
+    // The caller's text outlives the load, which runs inside the constructor: no copy needed.
+    hr = isBuffer ? factory->CreateInputSourceOverText(source->str(), "fileID", input)
                   : factory->CreateInputSourceFromFile(source->str(), "fileID", input);
   }
   if (FAILED(hr) || !input) {
@@ -161,6 +196,13 @@ void ZOLVotTransientStandard::Reserve(size_t textBytes) {
   // touch twice the memory.
   _Nodes.reserve(textBytes / 40 + 16);
   _Chars.reserve(textBytes - textBytes / 4 + 256);
+  // The maps likewise, from the share of each kind of value in a typical standard, a little
+  // under so that an unusual text grows a map once rather than holding a half-empty one.
+  _IntValues.Reserve(textBytes / 256);
+  _StringValues.Reserve(textBytes / 192);
+  _DoubleValues.Reserve(textBytes / 320);
+  _EnumValues.Reserve(textBytes / 640);
+  _IntArrays.Reserve(textBytes / 4096);
 }
 
 void ZOLVotTransientStandard::FinishLoad() {
@@ -259,80 +301,92 @@ void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan text) {
     _Suffix.assign(1, '.');
     AppendNumber(_Suffix, n);
   }
-  _Key.assign(_CurrentPath);
-  _Key += _Suffix;
-  if (_CurrentPath != _PreviousPath) {
+  const size_t pathLength = _CurrentPath.size();
+  const bool firstAtPath = _CurrentPath != _PreviousPath;
+  if (kind == Kind::ColorVal) {
+    // A colour is keyed by the bare path, and only its first value at a path counts.
+    if (firstAtPath) {
+      std::vector<int> rgb;
+      SplitColor(_Text.str(), rgb);
+      _IntArrays[_CurrentPath] = std::move(rgb);
+    }
+    _PreviousPath = _CurrentPath;
+    return;
+  }
+  // The key is the path and its index, built in place and cut back below.
+  _CurrentPath += _Suffix;
+  const std::string_view key = _CurrentPath;
+  const std::string_view path = key.substr(0, pathLength);
+  if (firstAtPath) {
     switch (kind) {
       case Kind::IntVal: {
         int v = 0;
         _Text.ConvertToNum(&v, "%d");
-        _IntValues[_Key] = v;
+        _IntValues[key] = v;
         break;
       }
       case Kind::FloatVal: {
         double d = 0.0;
         _Text.ConvertToNum(&d, "%le");
-        _DoubleValues[_Key] = d;
+        _DoubleValues[key] = d;
         break;
       }
       case Kind::StrVal:
-        _StringValues[_Key] = text;
+        _StringValues[key] = text;
         break;
       case Kind::EnumVal:
         // The enum value's name is its type, not a path component: filed under the parent node.
-        RemoveLastComponent(_Key);
-        RemoveLastComponent(_Key);
+        _Key.assign(ParentOf(path));
         _Key += _Suffix;
         _EnumValues[_Key] = text;
         break;
-      case Kind::ColorVal: {
-        std::vector<int> rgb;
-        SplitColor(_Text.str(), rgb);
-        _IntArrays[_CurrentPath] = std::move(rgb);
-        break;
-      }
       default:
         break;
     }
   } else {
     // One more value at the same path: the values form an array under the bare path.
+    const uint64_t h = ZOLVotHash(key);
     switch (kind) {
       case Kind::IntVal: {
-        if (const int* first = _IntValues.Find(_Key)) {
-          int v = *first;
-          _IntValues.Erase(_Key);
-          _IntArrays[_CurrentPath] = {v};
+        const int* first = _IntValues.Find(key, h);
+        std::vector<int>& list = _IntArrays[path];
+        if (first) {
+          list.assign(1, *first);
+          _IntValues.Erase(key, h);
         }
         int v = 0;
         _Text.ConvertToNum(&v, "%d");
-        _IntArrays[_CurrentPath].push_back(v);
+        list.push_back(v);
         break;
       }
       case Kind::FloatVal: {
-        if (const double* first = _DoubleValues.Find(_Key)) {
-          double v = *first;
-          _DoubleValues.Erase(_Key);
-          _DoubleArrays[_CurrentPath] = {v};
+        const double* first = _DoubleValues.Find(key, h);
+        std::vector<double>& list = _DoubleArrays[path];
+        if (first) {
+          list.assign(1, *first);
+          _DoubleValues.Erase(key, h);
         }
         double d = 0.0;
         _Text.ConvertToNum(&d, "%le");
-        _DoubleArrays[_CurrentPath].push_back(d);
+        list.push_back(d);
         break;
       }
       case Kind::StrVal:
       case Kind::EnumVal: {
-        if (const ZOLVotSpan* first = _StringValues.Find(_Key)) {
-          ZOLVotSpan v = *first;
-          _StringValues.Erase(_Key);
-          _StringArrays[_CurrentPath] = {v};
+        const ZOLVotSpan* first = _StringValues.Find(key, h);
+        std::vector<ZOLVotSpan>& list = _StringArrays[path];
+        if (first) {
+          list.assign(1, *first);
+          _StringValues.Erase(key, h);
         }
-        _StringArrays[_CurrentPath].push_back(text);
+        list.push_back(text);
         break;
       }
       default:
         break;
     }
   }
+  _CurrentPath.resize(pathLength);
   _PreviousPath = _CurrentPath;
 }
 

@@ -149,7 +149,7 @@ private:
   int _Version = -1;
 
   // Names, values and cache keys, addressed by spans.
-  std::string _Chars;
+  ZOLVotChars _Chars;
   // Element nodes in the order of their start tags; _Root indexes the document element.
   std::vector<ZOLVotStandardNode> _Nodes;
   uint32_t _Root = ZOLVotStandardNode::kNone;
