@@ -17,6 +17,51 @@ struct ZOLVotSpan {
   uint32_t len = 0;
 };
 
+/// Copies n bytes; short texts, the usual case, by word moves that may overlap, longer ones by memcpy.
+inline void ZOLVotCopy(char* d, const char* s, size_t n) {
+  if (n > 64) {
+    std::memcpy(d, s, n);
+  } else if (n >= 8) {
+    uint64_t v;
+    for (size_t i = 0; i + 8 < n; i += 8) {
+      std::memcpy(&v, s + i, 8);
+      std::memcpy(d + i, &v, 8);
+    }
+    std::memcpy(&v, s + n - 8, 8);
+    std::memcpy(d + n - 8, &v, 8);
+  } else if (n >= 4) {
+    uint32_t a, b;
+    std::memcpy(&a, s, 4);
+    std::memcpy(&b, s + n - 4, 4);
+    std::memcpy(d, &a, 4);
+    std::memcpy(d + n - 4, &b, 4);
+  } else if (n > 0) {
+    const char first = s[0], middle = s[n / 2], last = s[n - 1];
+    d[0] = first;
+    d[n / 2] = middle;
+    d[n - 1] = last;
+  }
+}
+
+/// Whether n bytes are equal; short texts word by word, longer ones by memcmp.
+inline bool ZOLVotSameBytes(const char* a, const char* b, size_t n) {
+  if (n > 64) return std::memcmp(a, b, n) == 0;
+  uint64_t x, y;
+  if (n >= 8) {
+    for (size_t i = 0; i + 8 < n; i += 8) {
+      std::memcpy(&x, a + i, 8);
+      std::memcpy(&y, b + i, 8);
+      if (x != y) return false;
+    }
+    std::memcpy(&x, a + n - 8, 8);
+    std::memcpy(&y, b + n - 8, 8);
+    return x == y;
+  }
+  for (size_t i = 0; i < n; ++i)
+    if (a[i] != b[i]) return false;
+  return true;
+}
+
 /// The character store of a standard object: one growing block of names, values and keys,
 /// addressed by offsets so that it may move. Appends copy short texts inline: a load makes a
 /// few of them per element.
@@ -36,39 +81,13 @@ public:
   ZOLVotSpan Append(std::string_view text) {
     const size_t n = text.size();
     if (n > _capacity - _size) return AppendGrowing(text);
-    Copy(_data.get() + _size, text.data(), n);
+    ZOLVotCopy(_data.get() + _size, text.data(), n);
     ZOLVotSpan span{static_cast<uint32_t>(_size), static_cast<uint32_t>(n)};
     _size += n;
     return span;
   }
 
 private:
-  // Short texts, the usual case, by word moves that may overlap; longer ones by memcpy.
-  static void Copy(char* d, const char* s, size_t n) {
-    if (n > 64) {
-      std::memcpy(d, s, n);
-    } else if (n >= 8) {
-      uint64_t v;
-      for (size_t i = 0; i + 8 < n; i += 8) {
-        std::memcpy(&v, s + i, 8);
-        std::memcpy(d + i, &v, 8);
-      }
-      std::memcpy(&v, s + n - 8, 8);
-      std::memcpy(d + n - 8, &v, 8);
-    } else if (n >= 4) {
-      uint32_t a, b;
-      std::memcpy(&a, s, 4);
-      std::memcpy(&b, s + n - 4, 4);
-      std::memcpy(d, &a, 4);
-      std::memcpy(d + n - 4, &b, 4);
-    } else if (n > 0) {
-      const char first = s[0], middle = s[n / 2], last = s[n - 1];
-      d[0] = first;
-      d[n / 2] = middle;
-      d[n - 1] = last;
-    }
-  }
-
   ZOLVotSpan AppendGrowing(std::string_view text) {
     // The old block stays until text, which may lie in it, is copied.
     std::unique_ptr<char[]> old = Reallocate(std::max(_capacity * 2, _size + text.size()) + 64);
@@ -227,7 +246,7 @@ private:
   };
 
   bool Equal(const Slot& s, std::string_view key) const {
-    return s.key.len == key.size() && std::memcmp(_chars->data() + s.key.off, key.data(), key.size()) == 0;
+    return s.key.len == key.size() && ZOLVotSameBytes(_chars->data() + s.key.off, key.data(), key.size());
   }
 
   void Grow() {

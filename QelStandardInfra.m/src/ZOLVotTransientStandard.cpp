@@ -302,7 +302,8 @@ void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan text) {
     AppendNumber(_Suffix, n);
   }
   const size_t pathLength = _CurrentPath.size();
-  const bool firstAtPath = _CurrentPath != _PreviousPath;
+  const bool firstAtPath = pathLength != _PreviousPath.size() ||
+                           !ZOLVotSameBytes(_CurrentPath.data(), _PreviousPath.data(), pathLength);
   if (kind == Kind::ColorVal) {
     // A colour is keyed by the bare path, and only its first value at a path counts.
     if (firstAtPath) {
@@ -480,10 +481,18 @@ const Node* ZOLVotTransientStandard::FindNode(std::string_view path, int index) 
 // Values
 
 std::string_view ZOLVotTransientStandard::MakeKey(std::string_view path, int index) {
-  _Key.assign(path);
-  _Key += '.';
-  AppendNumber(_Key, index);
-  return _Key;
+  char digits[16];
+  size_t count = 1;
+  if (index >= 1 && index <= 9) digits[0] = static_cast<char>('0' + index);
+  else count = static_cast<size_t>(std::to_chars(digits, digits + sizeof digits, index).ptr - digits);
+  const size_t size = path.size() + 1 + count;
+  // The buffer only grows; the view gives the key its length.
+  if (_Key.size() < size) _Key.resize(size + 32);
+  char* key = _Key.data();
+  ZOLVotCopy(key, path.data(), path.size());
+  key[path.size()] = '.';
+  std::memcpy(key + path.size() + 1, digits, count);
+  return {key, size};
 }
 
 std::string_view ZOLVotTransientStandard::MakeParentKey(std::string_view path, int index) {
@@ -533,8 +542,9 @@ HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, double&
 HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, ZOLUnicodeString& oValue) {
   std::string_view path = iPath ? iPath : "";
   std::string_view key = MakeKey(path, iIndex);
-  const ZOLVotSpan* hit = _StringValues.Find(key);
-  if (!hit) hit = _EnumValues.Find(key);
+  const uint64_t h = ZOLVotHash(key);
+  const ZOLVotSpan* hit = _StringValues.Find(key, h);
+  if (!hit) hit = _EnumValues.Find(key, h);
   // Kept on purpose: an enum value also answers at its node's path followed by any last component.
   if (!hit) hit = _EnumValues.Find(MakeParentKey(path, iIndex));
   if (hit) {
@@ -640,11 +650,13 @@ HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, ZOLUnicodeString** 
   std::string_view path = iPath ? iPath : "";
   int count = 0;
   const ZOLVotSpan* single = nullptr;
+  std::string_view key;
+  uint64_t h = 0;
   if (const std::vector<ZOLVotSpan>* hit = _StringArrays.Find(path)) {
     WriteStrings(_Chars, *hit, oValues);
     count = static_cast<int>(hit->size());
-  } else if ((single = _StringValues.Find(MakeKey(path, 1))) || (single = _EnumValues.Find(_Key)) ||
-             (single = _EnumValues.Find(MakeParentKey(path, 1)))) {
+  } else if ((key = MakeKey(path, 1), h = ZOLVotHash(key), single = _StringValues.Find(key, h)) ||
+             (single = _EnumValues.Find(key, h)) || (single = _EnumValues.Find(MakeParentKey(path, 1)))) {
     if (oValues[0]) oValues[0]->str().assign(ZOLVotView(_Chars, *single));
     count = 1;
   } else if (const Node* node = FindNode(path, 1)) {
