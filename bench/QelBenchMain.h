@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 #include <map>
+#include <set>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,9 +28,15 @@ public:
   bool ReportContext(const Context& c) override { return _inner->ReportContext(c); }
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const auto& r : runs) {
-      if (r.run_type != Run::RT_Iteration || r.iterations == 0) continue;
-      _ns[r.benchmark_name()] = r.GetAdjustedRealTime() * Multiplier(r.time_unit);
-      for (const auto& [name, counter] : r.counters) _counters[r.benchmark_name() + ":" + name] = counter.value;
+      // With --benchmark_repetitions the median stands for the benchmark, not the last repetition.
+      benchmark::BenchmarkName plain = r.run_name;
+      plain.repetitions.clear();
+      const std::string name = plain.str();
+      const bool median = r.run_type == Run::RT_Aggregate && r.aggregate_name == "median";
+      if (!median && (r.run_type != Run::RT_Iteration || r.iterations == 0 || _fromMedian.count(name))) continue;
+      if (median) _fromMedian.insert(name);
+      _ns[name] = r.GetAdjustedRealTime() * Multiplier(r.time_unit);
+      for (const auto& [key, counter] : r.counters) _counters[name + ":" + key] = counter.value;
     }
     _inner->ReportRuns(runs);
   }
@@ -51,6 +58,7 @@ private:
   std::unique_ptr<benchmark::BenchmarkReporter> _inner;
   std::map<std::string, double> _ns;
   std::map<std::string, double> _counters;
+  std::set<std::string> _fromMedian;
 };
 
 /// Runs the registered benchmarks and prints the ratios; returns the exit status.

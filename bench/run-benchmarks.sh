@@ -5,5 +5,6 @@ build=$1
 for exe in "$build"/bench/bench_*; do
   [ -x "$exe" ] || continue
   echo "== $(basename "$exe")"
-  "$exe"
+  # Medians of three runs, so that one noisy run does not decide a ratio.
+  "$exe" --benchmark_repetitions=3 --benchmark_report_aggregates_only=true
 done

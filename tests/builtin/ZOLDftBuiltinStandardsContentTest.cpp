@@ -255,7 +255,7 @@ TEST(BuiltinStandard, LineTypesCarryTheirSegmentsAndTheFontText) {
     EXPECT_EQ(At(*p, "Root.LineTypes.LineType4.Segment")->GetNumOfValue(), 4);
     int withoutSegment = 0;
     for (auto* lt : At(*p, "Root.LineTypes")->SubNodes())
-      if (lt->Name().str() != "font") withoutSegment += !lt->GetNodeByName(ZOLUnicodeString("Segment"));
+      if (lt->Name().str() != "font") withoutSegment += !lt->FindNodeByName("Segment");
     EXPECT_EQ(withoutSegment, ByParent(name, 1, 0, 1)) << name;
     const std::string font = Value(*p, "Root.LineTypes.font");
     EXPECT_EQ(font.rfind("60  60\n", 0), 0u);
