@@ -27,11 +27,18 @@ void Plain(ZOLAnnStandardXMLParser& doc, std::initializer_list<const char*> edit
   for (const char* s : editStrings) ASSERT_EQ(doc.AddNodeWithPath(s, 0), 0) << s;
 }
 
-}  // namespace
-
-TEST(EditString, UnknownStartWordOrNoColonReturnsOneAndChangesNothing) {
+// Every test ends with the reports it expects in all (none unless it says so).
+class EditString : public testing::Test {
+protected:
+  void TearDown() override { EXPECT_EQ(r.Count(), reports); }
   ZOLTestReports r;
   ZOLAnnStandardXMLParser doc;
+  int reports = 0;
+};
+
+}  // namespace
+
+TEST_F(EditString, UnknownStartWordOrNoColonReturnsOneAndChangesNothing) {
   EXPECT_EQ(doc.AddNodeWithPath("Roots:Frames", 0), 1);
   EXPECT_EQ(doc.AddNodeWithPath("root:Frames", 0), 1);  // with case
   EXPECT_EQ(doc.AddNodeWithPath("Root", 0), 1);          // no ":": empty path
@@ -44,12 +51,9 @@ TEST(EditString, UnknownStartWordOrNoColonReturnsOneAndChangesNothing) {
   EXPECT_EQ(doc.GetNodeWithPath("Foo"), nullptr);
   EXPECT_EQ(doc.GetValueWithPath("Foo.Bar"), "");
   EXPECT_EQ(doc.Root()->GetNumOfNode() + doc.EnumRoot()->GetNumOfNode() + doc.TypeDefRoot()->GetNumOfNode(), 0);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, AddNodeTypeComesFromTheWholePathField) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, AddNodeTypeComesFromTheWholePathField) {
   EXPECT_EQ(doc.AddNodeWithPath("Enum:Frame", 1), 0);
   EXPECT_EQ(doc.AddNodeWithPath("TypeDef:FrameDef:0", 0), 0);
   EXPECT_EQ(doc.AddNodeWithPath("Enum.Frame:Inner", 0), 0);
@@ -66,22 +70,16 @@ TEST(EditString, AddNodeTypeComesFromTheWholePathField) {
   EXPECT_EQ(Names(doc.Root()), "SheetFormat,Top");
   EXPECT_EQ(At(doc, "Root"), doc.Root());
   EXPECT_EQ(doc.AddNodeWithPath("Root.Missing:X", 0), 1);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, NamesKeepBlanksCommasAndDots) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, NamesKeepBlanksCommasAndDots) {
   Plain(doc, {"Root:Styles", "Root.Styles:Sheet", "Root.Styles.Sheet:A0 ISO:0"});
   EXPECT_EQ(doc.AddValueWithPath("Root.Styles.Sheet:Title:string:Lines, corners and arrows. Done", 1), 0);
   EXPECT_EQ(Names(At(doc, "Root.Styles.Sheet")), "A0 ISO,Title");
   EXPECT_EQ(doc.GetValueWithPath("Root.Styles.Sheet.Title"), "Lines, corners and arrows. Done");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, PositionIsOneBasedAndReadsALeadingInteger) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, PositionIsOneBasedAndReadsALeadingInteger) {
   Plain(doc, {"Root:a", "Root:b", "Root:c"});
   EXPECT_EQ(doc.AddNodeWithPath("Root:first:1", 0), 0);
   EXPECT_EQ(doc.AddNodeWithPath("Root:second:2,", 0), 0);  // "2," is 2
@@ -90,23 +88,18 @@ TEST(EditString, PositionIsOneBasedAndReadsALeadingInteger) {
   EXPECT_EQ(doc.AddNodeWithPath("Root:minus:-4", 0), 0);
   EXPECT_EQ(doc.AddNodeWithPath("Root:empty:", 0), 0);
   EXPECT_EQ(Names(doc.Root()), "first,second,third,a,b,c,zero,minus,empty");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, PositionBeyondSizeIsRefusedButReturnsZero) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, PositionBeyondSizeIsRefusedButReturnsZero) {
   Plain(doc, {"Root:a", "Root:b"});
   EXPECT_EQ(doc.AddNodeWithPath("Root:x:3", 0), 0);  // size + 1 does not append
   EXPECT_EQ(doc.AddNodeWithPath("Root:y:22,", 0), 0);
   EXPECT_EQ(Names(doc.Root()), "a,b");
   EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 2);
-  EXPECT_EQ(r.Count(), 2);
+  reports = 2;
 }
 
-TEST(EditString, PositionWithoutLeadingIntegerReturnsTwoAndChangesNothing) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, PositionWithoutLeadingIntegerReturnsTwoAndChangesNothing) {
   Plain(doc, {"Root:a", "Root.a:p"});
   EXPECT_EQ(doc.AddNodeWithPath("Root:x:x1", 0), 2);
   EXPECT_EQ(doc.AddNodeWithPath("Root:x:,", 0), 2);
@@ -115,12 +108,9 @@ TEST(EditString, PositionWithoutLeadingIntegerReturnsTwoAndChangesNothing) {
   EXPECT_EQ(Names(doc.Root()), "a");
   EXPECT_EQ(Names(At(doc, "Root.a")), "p");
   EXPECT_EQ(At(doc, "Root.a")->GetNumOfValue(), 0);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, LastKnownFieldTakesWhatRemainsColonsIncluded) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, LastKnownFieldTakesWhatRemainsColonsIncluded) {
   Plain(doc, {"Root:a"});
   EXPECT_EQ(doc.AddNodeWithPath("Root:x:1:junk", 0), 0);  // position "1:junk" reads as 1
   EXPECT_EQ(Names(doc.Root()), "x,a");
@@ -131,36 +121,29 @@ TEST(EditString, LastKnownFieldTakesWhatRemainsColonsIncluded) {
   EXPECT_EQ(r.Count(), 1);
   EXPECT_EQ(doc.AddValueWithPath("Root.a:Time:string:12:0:30", 1), 0);
   EXPECT_EQ(doc.GetValueWithPath("Root.a.Time"), "12");
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(EditString, EmptyFieldsAreAllowedAnywhere) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, EmptyFieldsAreAllowedAnywhere) {
   ASSERT_EQ(doc.AddNodeWithPath("Enum:Frame", 0), 0);
   EXPECT_EQ(doc.AddValueWithPath("Enum.Frame::string:Circle:0", 1), 0);
   Plain(doc, {"Root:Font"});
   EXPECT_EQ(doc.AddValueWithPath("Root.Font:Name:string::0", 1), 0);
   EXPECT_EQ(Describe(At(doc, "Enum.Frame")), "3//Circle/0");
   EXPECT_EQ(Describe(At(doc, "Root.Font.Name")), "3///0");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, TooFewColonsLeaveNameTypeAndValueEmpty) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, TooFewColonsLeaveNameTypeAndValueEmpty) {
   Plain(doc, {"Root:a"});
   // Name, type and value stay empty: the empty type raises the type report.
   EXPECT_EQ(doc.AddValueWithPath("Root.a:Size", 1), 0);
   EXPECT_EQ(Names(At(doc, "Root.a")), "");
   EXPECT_EQ(Describe(At(doc, "Root.a")->SubNodes()[0]), "3///0");
   EXPECT_EQ(r.CountContaining("Failed to find value type"), 1);
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(EditString, TypeFieldKindsInTheDirectForm) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, TypeFieldKindsInTheDirectForm) {
   Plain(doc, {"Root:S"});
   ASSERT_EQ(doc.AddNodeWithPath("Root.S:R", 1), 0);
   for (const char* s : {"Root.S.R:I:int:1", "Root.S.R:F:float:1.5", "Root.S.R:T:string:x", "Root.S.R:C:color:0 39 64",
@@ -170,12 +153,9 @@ TEST(EditString, TypeFieldKindsInTheDirectForm) {
   // On a record the side text (enumeration, bound) is dropped; the range flag stays.
   EXPECT_EQ(Describe(At(doc, "Root.S.R")),
             "1/I/1/0;2/F/1.5/0;3/T/x/0;5/C/0 39 64/0;4/E/Yes/0;2/B/1.0/1;2/M/2.0/1;3/O/z/0");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, TypeFieldSideTextInTheParameterForm) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, TypeFieldSideTextInTheParameterForm) {
   Plain(doc, {"Root:Styles", "Root.Styles:Sheet", "Root.Styles.Sheet:Default"});
   EXPECT_EQ(doc.AddValueWithPath("Root.Styles.Sheet.Default:GlobalScale:float.m.0.0:1.0:0", 1), 0);
   EXPECT_EQ(doc.AddValueWithPath("Root.Styles.Sheet.Default:ViewScaleDependant:enum.YesNo:Yes:0", 1), 0);
@@ -187,12 +167,9 @@ TEST(EditString, TypeFieldSideTextInTheParameterForm) {
   EXPECT_EQ(Describe(def->SubNodes()[0]), "2/0.0/1.0/1");
   EXPECT_EQ(Describe(def->SubNodes()[1]), "4/YesNo/Yes/0");
   EXPECT_EQ(Describe(def->SubNodes()[2]), "2/float.m/2.0/1");  // no further ".": the whole field
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, UnknownTypeWithoutDotIsReportedAndStoredAsString) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, UnknownTypeWithoutDotIsReportedAndStoredAsString) {
   Plain(doc, {"Root:S"});
   EXPECT_EQ(doc.AddValueWithPath("Root.S:Flag:bool:true", 1), 0);
   EXPECT_EQ(Describe(At(doc, "Root.S.Flag")), "3//true/0");
@@ -204,23 +181,18 @@ TEST(EditString, UnknownTypeWithoutDotIsReportedAndStoredAsString) {
   // The type is read before the position: the report comes even when the position then fails.
   r.Clear();
   EXPECT_EQ(doc.AddValueWithPath("Root.S:Flag2:bool:true:x", 1), 2);
-  EXPECT_EQ(r.Count(), 1);
   EXPECT_EQ(Names(At(doc, "Root.S")), "Flag");
+  reports = 1;
 }
 
-TEST(EditString, AddValueOnAnUnknownPlaceReturnsOneWithoutReport) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, AddValueOnAnUnknownPlaceReturnsOneWithoutReport) {
   Plain(doc, {"Root:S"});
   EXPECT_EQ(doc.AddValueWithPath("Root.Missing:Flag:bool:true", 1), 1);
   EXPECT_EQ(doc.AddValueWithPath("Root.S.Missing:Flag:int:1", 1), 1);
   EXPECT_EQ(doc.AddValueWithPath("Enum.Missing::string:x", 1), 1);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, ParameterFormOnlyUnderRootOnNonRecordsWithoutOccurrenceMinusOne) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, ParameterFormOnlyUnderRootOnNonRecordsWithoutOccurrenceMinusOne) {
   Plain(doc, {"Root:StandardMode", "Root:P"});
   ASSERT_EQ(doc.AddNodeWithPath("Enum:Frame", 0), 0);
   ASSERT_EQ(doc.AddNodeWithPath("TypeDef:FrameDef", 0), 0);
@@ -234,24 +206,19 @@ TEST(EditString, ParameterFormOnlyUnderRootOnNonRecordsWithoutOccurrenceMinusOne
   EXPECT_EQ(Describe(At(doc, "TypeDef.FrameDef")), "1/Type/0/0");
   EXPECT_EQ(doc.AddValueWithPath("Enum:Lonely:string:x", 1), 0);  // the Enum root itself: direct
   EXPECT_EQ(Describe(doc.EnumRoot()), "3/Lonely/x/0");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, EnumerationStringPositionIsRefusedBeyondItsSize) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, EnumerationStringPositionIsRefusedBeyondItsSize) {
   ASSERT_EQ(doc.AddNodeWithPath("Enum:Frame", 0), 0);
   for (const char* s : {"Circle", "Square"}) ASSERT_EQ(doc.AddValueWithPath(std::string("Enum.Frame::string:") + s, 1), 0);
   EXPECT_EQ(doc.AddValueWithPath("Enum.Frame::string:Parallelogram:22,", 1), 0);
   EXPECT_EQ(r.Count(), 1);
   EXPECT_EQ(doc.AddValueWithPath("Enum.Frame::string:Oval:2,", 1), 0);
   EXPECT_EQ(Describe(At(doc, "Enum.Frame")), "3//Circle/0;3//Oval/0;3//Square/0");
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(EditString, OccurrenceReachesTheRecordJustAppended) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, OccurrenceReachesTheRecordJustAppended) {
   Plain(doc, {"Root:SheetFormat"});
   for (int i = 0; i < 2; ++i) {
     ASSERT_EQ(doc.AddNodeWithPath("Root.SheetFormat:Formats:0", 1), 0);
@@ -265,22 +232,16 @@ TEST(EditString, OccurrenceReachesTheRecordJustAppended) {
   EXPECT_EQ(Describe(sheet->SubNodes()[0]), "2/Width/1189/0;3/Name/A0/0");
   EXPECT_EQ(Describe(sheet->SubNodes()[1]), "2/Width/1188/0;1/Height/841/0");
   EXPECT_EQ(Names(sheet->SubNodes()[2]), "Last");  // a plain node: parameter form
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, ArrayOfUnnamedValuesWithOccurrenceMinusOne) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, ArrayOfUnnamedValuesWithOccurrenceMinusOne) {
   Plain(doc, {"Root:LineTypes", "Root.LineTypes:LineType16", "Root.LineTypes.LineType16:Segment"});
   for (const char* s : {"1.0", "0.5", "2.0"})
     EXPECT_EQ(doc.AddValueWithPath(std::string("Root.LineTypes.LineType16.Segment::float:") + s + ":0,", -1), 0);
   EXPECT_EQ(Describe(At(doc, "Root.LineTypes.LineType16.Segment")), "2//1.0/0;2//0.5/0;2//2.0/0");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, ForAllOccurrenceVisitsEveryNamesakeAndSwitchesToDirectFormForGood) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, ForAllOccurrenceVisitsEveryNamesakeAndSwitchesToDirectFormForGood) {
   Plain(doc, {"Root:Styles", "Root.Styles:Sheet"});
   ASSERT_EQ(doc.AddNodeWithPath("Root.Styles:Sheet", 1), 0);
   Plain(doc, {"Root.Styles:Other", "Root.Styles:Sheet"});
@@ -293,12 +254,10 @@ TEST(EditString, ForAllOccurrenceVisitsEveryNamesakeAndSwitchesToDirectFormForGo
   EXPECT_EQ(r.Count(), 0);
   // The type is read once per matching node.
   EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.Styles.Sheet:Flag:bool:1", 1), 0);
-  EXPECT_EQ(r.Count(), 3);
+  reports = 3;
 }
 
-TEST(EditString, ForAllOccurrenceResults) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, ForAllOccurrenceResults) {
   Plain(doc, {"Root:Styles", "Root.Styles:Sheet", "Root:Other"});
   EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.Styles.Nothing:Scale:float:1.0", 1), 1);
   EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.Missing.Sheet:Scale:float:1.0", 1), 1);
@@ -307,12 +266,9 @@ TEST(EditString, ForAllOccurrenceResults) {
   EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.Styles.Sheet:Scale:float:1.0:x", 1), 2);
   EXPECT_EQ(At(doc, "Root.Styles.Sheet")->GetNumOfNode(), 0);
   EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.Styles.Sheet:Scale:float:1.0", -1), 1);  // -1: last sub-node of Root
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, ForAllOccurrenceParentPathFallsShortBelowTwoLevels) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, ForAllOccurrenceParentPathFallsShortBelowTwoLevels) {
   Plain(doc, {"Root:A", "Root.A:X", "Root.A:B", "Root.A.B:C", "Root.A.B:C"});
   // "A.B.C" looks the parent up as "A.": with occurrence 1 it finds no node named "".
   EXPECT_EQ(doc.AddValueWithPathForAllOccurence("Root.A.B.C:v:int:1", 1), 1);
@@ -322,12 +278,9 @@ TEST(EditString, ForAllOccurrenceParentPathFallsShortBelowTwoLevels) {
   Node* b = At(doc, "Root.A.B");
   EXPECT_EQ(Names(b->SubNodes()[0]), "v");
   EXPECT_EQ(Names(b->SubNodes()[1]), "v");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, ChangeValueSetsTheSingleValueOrTheNamedField) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, ChangeValueSetsTheSingleValueOrTheNamedField) {
   Plain(doc, {"Root:Dimension", "Root:EngineeringSymbols"});
   ASSERT_EQ(doc.AddValueWithPath("Root.Dimension:CUMLTxtDecalY:float:0.0", 1), 0);
   ASSERT_EQ(doc.AddNodeWithPath("Root.EngineeringSymbols:EngineeringSymbol", 1), 0);
@@ -339,12 +292,9 @@ TEST(EditString, ChangeValueSetsTheSingleValueOrTheNamedField) {
   EXPECT_EQ(doc.GetValueWithPath("Root.Dimension.CUMLTxtDecalY"), "1:2");
   EXPECT_EQ(doc.ChangeValueWithPath("Root.EngineeringSymbols.EngineeringSymbol:Charcode:42"), 0);
   EXPECT_EQ(Describe(At(doc, "Root.EngineeringSymbols.EngineeringSymbol")), "1/Charcode/42/0;3/Font/Arial/0");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, ChangeValueRefusalsStillReturnZero) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, ChangeValueRefusalsStillReturnZero) {
   Plain(doc, {"Root:Dimension", "Root.Dimension:Sub", "Root:Rec"});
   ASSERT_EQ(doc.AddValueWithPath("Root.Rec:A:int:1", -1), 0);
   ASSERT_EQ(doc.AddValueWithPath("Root.Rec:B:int:2", -1), 0);
@@ -354,24 +304,19 @@ TEST(EditString, ChangeValueRefusalsStillReturnZero) {
   EXPECT_EQ(r.CountContaining("ON POINTER "), 1);
   EXPECT_EQ(doc.ChangeValueWithPath("Root.Rec:5"), 0);  // no field named at all: nothing, no report
   EXPECT_EQ(Describe(At(doc, "Root.Rec")), "1/A/1/0;1/B/2/0");
-  EXPECT_EQ(r.Count(), 2);
+  reports = 2;
 }
 
-TEST(EditString, ChangeValueFallsBackToAValueNamedByItsOldText) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, ChangeValueFallsBackToAValueNamedByItsOldText) {
   ASSERT_EQ(doc.AddNodeWithPath("Enum:Frame", 0), 0);
   ASSERT_EQ(doc.AddValueWithPath("Enum.Frame::string:Circle", 1), 0);
   EXPECT_EQ(doc.ChangeValueWithPath("Enum.Frame.Circle:Ellipse"), 0);
   EXPECT_EQ(Describe(At(doc, "Enum.Frame")), "3//Ellipse/0");
   EXPECT_EQ(doc.ChangeValueWithPath("Enum.Frame.Circle:Oval"), 1);
   EXPECT_EQ(doc.ChangeValueWithPath("Enum.Arrow.Circle:Oval"), 1);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, DeleteNodeWithPathRemovesNodesAndValues) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, DeleteNodeWithPathRemovesNodesAndValues) {
   Plain(doc, {"Root:Styles", "Root.Styles:Sheet", "Root.Styles:Sheet"});
   ASSERT_EQ(doc.AddNodeWithPath("Enum:Frame", 0), 0);
   ASSERT_EQ(doc.AddValueWithPath("Enum.Frame::string:Circle", 1), 0);
@@ -381,12 +326,9 @@ TEST(EditString, DeleteNodeWithPathRemovesNodesAndValues) {
   EXPECT_EQ(At(doc, "Enum.Frame")->GetNumOfValue(), 0);
   EXPECT_EQ(doc.DeleteNodeWithPath("Enum.Frame.Circle"), 1);
   EXPECT_EQ(doc.DeleteNodeWithPath("Root.Missing.Sheet"), 1);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditString, GetValueWithPathGivesTheFirstValueText) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(EditString, GetValueWithPathGivesTheFirstValueText) {
   Plain(doc, {"Root:Empty"});
   ASSERT_EQ(doc.AddValueWithPath("Root:Scale:float:1.5", 1), 0);
   EXPECT_EQ(doc.GetValueWithPath("Root.Scale"), "1.5");
@@ -394,5 +336,5 @@ TEST(EditString, GetValueWithPathGivesTheFirstValueText) {
   EXPECT_EQ(doc.GetValueWithPath("Root.Missing"), "");
   EXPECT_EQ(r.Count(), 0);
   EXPECT_EQ(doc.GetValueWithPath("Root.Empty"), "");  // GetValue's report
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
