@@ -27,11 +27,18 @@ ValueRef MakeValue(const char* text, const char* name = "", Value::Type type = V
 
 void AddChild(Node* parent, const char* name, int position = -1) { parent->AddNode(MakeNode(name).get(), position); }
 
-}  // namespace
-
-TEST(Tree, AddNode_ExplicitPositionNeverAppendsButNegativeDoes) {
+// Every test ends with the reports it expects in all (none unless it says so).
+class Tree : public testing::Test {
+protected:
+  void TearDown() override { EXPECT_EQ(r.Count(), reports); }
   ZOLTestReports r;
   NodeRef n = MakeNode("N");
+  int reports = 0;
+};
+
+}  // namespace
+
+TEST_F(Tree, AddNode_ExplicitPositionNeverAppendsButNegativeDoes) {
   AddChild(n.get(), "a", 0);  // position 0 on an empty node is beyond the size
   EXPECT_EQ(n->GetNumOfNode(), 0);
   EXPECT_EQ(r.Count(), 1);
@@ -44,54 +51,45 @@ TEST(Tree, AddNode_ExplicitPositionNeverAppendsButNegativeDoes) {
   AddChild(n.get(), "d", 1);
   EXPECT_EQ(Names(n.get()), "c,d,a,b");
   EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 2);
-  EXPECT_EQ(r.Count(), 2);
+  reports = 2;
 }
 
-TEST(Tree, AddValue_FollowsTheSamePositionRule) {
-  ZOLTestReports r;
-  NodeRef n = MakeNode("N");
+TEST_F(Tree, AddValue_FollowsTheSamePositionRule) {
   n->AddValue(MakeValue("x").get(), 0);
   n->AddValue(MakeValue("a").get(), -1);
   n->AddValue(MakeValue("b").get(), 1);
   n->AddValue(MakeValue("c").get(), 0);
   EXPECT_EQ(Texts(n.get()), "c,a");
-  EXPECT_EQ(r.Count(), 2);
+  reports = 2;
 }
 
-TEST(Tree, AddNodeAndAddValue_NullIsReportedOnPointerAndAddsNothing) {
-  ZOLTestReports r;
-  NodeRef n = MakeNode("N");
+TEST_F(Tree, AddNodeAndAddValue_NullIsReportedOnPointerAndAddsNothing) {
   n->AddNode(nullptr, -1);
   n->AddValue(nullptr, -1);
   EXPECT_EQ(n->GetNumOfNode() + n->GetNumOfValue(), 0);
   EXPECT_EQ(r.CountContaining("ON POINTER "), 2);
-  EXPECT_EQ(r.Count(), 2);
+  reports = 2;
 }
 
-TEST(Tree, AddNode_TakesAReferenceOfItsOwn) {
-  ZOLTestReports r;
+TEST_F(Tree, AddNode_TakesAReferenceOfItsOwn) {
   NodeRef parent = MakeNode("P");
   NodeRef child = MakeNode("C");
   parent->AddNode(child.get(), -1);
   EXPECT_EQ(child->RefCount(), 2u);
   NodeRef got = NodeRef::Adopt(parent->GetNode(0));
   EXPECT_EQ(child->RefCount(), 3u);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Tree, AssertionLine_HasTheFixedFormatWithFileAndLine) {
-  ZOLTestReports r;
-  NodeRef n = MakeNode("N");
+TEST_F(Tree, AssertionLine_HasTheFixedFormatWithFileAndLine) {
   AddChild(n.get(), "a", 3);
+  reports = 1;
   ASSERT_EQ(r.Count(), 1);
   EXPECT_TRUE(std::regex_match(r.Lines()[0],
                                std::regex(R"(>> ASSERTION FAILED BOOL IS FALSE:  \[File: ZOLAnnStandardXMLClass\.cpp:[ 0-9]{4}\]\.<<\n)")))
       << r.Lines()[0];
 }
 
-TEST(Tree, AddNodeWithValue_ChecksNamesAndPosition) {
-  ZOLTestReports r;
-  NodeRef n = MakeNode("N");
+TEST_F(Tree, AddNodeWithValue_ChecksNamesAndPosition) {
   EXPECT_EQ(n->AddNodeWithValue("Mode", Value::EnumValue, "Yes", "", -1), 0);      // enum without its name
   EXPECT_EQ(n->AddNodeWithValue("Mode", Value::EnumValue, "", "YesNo", -1), 0);    // enum without text
   EXPECT_EQ(n->AddNodeWithValue("Size", Value::FloatValue, "1.0", "0.0", -1), 0);  // a name on a plain value
@@ -113,19 +111,15 @@ TEST(Tree, AddNodeWithValue_ChecksNamesAndPosition) {
   EXPECT_EQ(v->GetRangeVal(), 0);
 }
 
-TEST(Tree, AddNodeWithValue_PositionEqualToSizeLosesTheNodeButReturnsOne) {
-  ZOLTestReports r;
-  NodeRef n = MakeNode("N");
+TEST_F(Tree, AddNodeWithValue_PositionEqualToSizeLosesTheNodeButReturnsOne) {
   AddChild(n.get(), "a");
   EXPECT_EQ(n->AddNodeWithValue("Size", Value::IntValue, "3", "", 1), 1);
   EXPECT_EQ(Names(n.get()), "a");
   EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(Tree, GetNode_NegativeIndexGivesTheLastAndBeyondIsNullWithReport) {
-  ZOLTestReports r;
-  NodeRef n = MakeNode("N");
+TEST_F(Tree, GetNode_NegativeIndexGivesTheLastAndBeyondIsNullWithReport) {
   EXPECT_EQ(n->GetNode(0), nullptr);  // empty
   EXPECT_EQ(n->GetValue(-1), nullptr);
   EXPECT_EQ(r.Count(), 2);
@@ -140,12 +134,10 @@ TEST(Tree, GetNode_NegativeIndexGivesTheLastAndBeyondIsNullWithReport) {
   EXPECT_EQ(n->GetNode(3), nullptr);
   EXPECT_EQ(n->GetValue(3), nullptr);
   EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 2);
-  EXPECT_EQ(r.Count(), 2);
+  reports = 2;
 }
 
-TEST(Tree, GetByName_FirstExactMatchWithoutReport) {
-  ZOLTestReports r;
-  NodeRef n = MakeNode("N");
+TEST_F(Tree, GetByName_FirstExactMatchWithoutReport) {
   EXPECT_EQ(n->GetNodeByName("a"), nullptr);
   AddChild(n.get(), "a");
   AddChild(n.get(), "b");
@@ -157,11 +149,9 @@ TEST(Tree, GetByName_FirstExactMatchWithoutReport) {
   EXPECT_EQ(n->GetNodeByName("B"), nullptr);
   EXPECT_EQ(ValueRef::Adopt(n->GetValueByName("Width"))->Value(), "1");
   EXPECT_EQ(n->GetValueByName("1"), nullptr);  // by name, not by text
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Tree, GetDefaultNode_PrefersDefaultElseTheFirst) {
-  ZOLTestReports r;
+TEST_F(Tree, GetDefaultNode_PrefersDefaultElseTheFirst) {
   NodeRef n = MakeNode("Curve");
   EXPECT_EQ(n->GetDefaultNode(), nullptr);
   EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
@@ -169,11 +159,10 @@ TEST(Tree, GetDefaultNode_PrefersDefaultElseTheFirst) {
   EXPECT_EQ(NodeRef::Adopt(n->GetDefaultNode())->Name(), "Thin");
   AddChild(n.get(), "Default");
   EXPECT_EQ(NodeRef::Adopt(n->GetDefaultNode())->Name(), "Default");
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(Tree, GetNodeWithPath_OccurrenceTakesTheRankOnTheLastStepWhateverTheName) {
-  ZOLTestReports r;
+TEST_F(Tree, GetNodeWithPath_OccurrenceTakesTheRankOnTheLastStepWhateverTheName) {
   NodeRef top = MakeNode("Root", Node::RootNode);
   AddChild(top.get(), "A");
   Node* a = top->SubNodes()[0];
@@ -189,11 +178,10 @@ TEST(Tree, GetNodeWithPath_OccurrenceTakesTheRankOnTheLastStepWhateverTheName) {
   EXPECT_EQ(top->GetNodeWithPath("", 1), nullptr);
   EXPECT_EQ(r.Count(), 0);
   EXPECT_EQ(top->GetNodeWithPath("A.B", 4), nullptr);  // beyond: GetNode's report
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(Tree, GetValueWithPath_FindsAValueByItsText) {
-  ZOLTestReports r;
+TEST_F(Tree, GetValueWithPath_FindsAValueByItsText) {
   NodeRef enums = MakeNode("Enum", Node::RootNode);
   enums->AddNode(MakeNode("Frame", Node::EnumDefNode).get(), -1);
   Node* frame = enums->SubNodes()[0];
@@ -204,11 +192,9 @@ TEST(Tree, GetValueWithPath_FindsAValueByItsText) {
   EXPECT_EQ(enums->GetValueWithPath("Frame.1.5"), nullptr);  // a text with a dot cannot be reached
   EXPECT_EQ(enums->GetValueWithPath("Frame.Oval"), nullptr);
   EXPECT_EQ(enums->GetValueWithPath("Arrow.Circle"), nullptr);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Tree, DeleteNodeWithPath_RemovesANodeOrAValueByNameOrText) {
-  ZOLTestReports r;
+TEST_F(Tree, DeleteNodeWithPath_RemovesANodeOrAValueByNameOrText) {
   NodeRef top = MakeNode("Enum", Node::RootNode);
   top->AddNode(MakeNode("Frame", Node::EnumDefNode).get(), -1);
   Node* frame = top->SubNodes()[0];
@@ -226,12 +212,9 @@ TEST(Tree, DeleteNodeWithPath_RemovesANodeOrAValueByNameOrText) {
   EXPECT_EQ(top->DeleteNodeWithPath("Arrow.Square"), 1);
   EXPECT_EQ(top->DeleteNodeWithPath("Frame"), 0);
   EXPECT_EQ(top->GetNumOfNode(), 0);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Tree, DeleteSubNodeAndDeleteValue_HaveOppositeResults) {
-  ZOLTestReports r;
-  NodeRef n = MakeNode("N");
+TEST_F(Tree, DeleteSubNodeAndDeleteValue_HaveOppositeResults) {
   AddChild(n.get(), "a");
   AddChild(n.get(), "b");
   n->AddValue(MakeValue("1").get(), -1);
@@ -246,20 +229,17 @@ TEST(Tree, DeleteSubNodeAndDeleteValue_HaveOppositeResults) {
   EXPECT_EQ(n->DeleteValue(-1), 0);
   EXPECT_EQ(Texts(n.get()), "1");
   EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 2);
-  EXPECT_EQ(r.Count(), 2);
+  reports = 2;
 }
 
-TEST(Tree, ChangeValue_SingleValueTakesTheWholeTextColonsIncluded) {
-  ZOLTestReports r;
+TEST_F(Tree, ChangeValue_SingleValueTakesTheWholeTextColonsIncluded) {
   NodeRef record = MakeNode("Symbol", Node::TypeValNode);
   record->AddValue(MakeValue("40", "Charcode", Value::IntValue).get(), -1);
   record->ChangeValue("Charcode:42");
   EXPECT_EQ(record->Values()[0]->Value(), "Charcode:42");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Tree, ChangeValue_SeveralValuesChangeTheNamedField) {
-  ZOLTestReports r;
+TEST_F(Tree, ChangeValue_SeveralValuesChangeTheNamedField) {
   NodeRef record = MakeNode("Symbol", Node::TypeValNode);
   record->AddValue(MakeValue("40", "Charcode", Value::IntValue).get(), -1);
   record->AddValue(MakeValue("Arial", "Font").get(), -1);
@@ -271,22 +251,19 @@ TEST(Tree, ChangeValue_SeveralValuesChangeTheNamedField) {
   record->ChangeValue("Size:3");
   EXPECT_EQ(Texts(record.get()), "40,Times:Bold");
   EXPECT_EQ(r.CountContaining("ON POINTER "), 1);
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(Tree, ChangeValue_NodeWithSubNodesIsRefused) {
-  ZOLTestReports r;
-  NodeRef n = MakeNode("N");
+TEST_F(Tree, ChangeValue_NodeWithSubNodesIsRefused) {
   n->AddValue(MakeValue("1").get(), -1);
   AddChild(n.get(), "a");
   n->ChangeValue("2");
   EXPECT_EQ(Texts(n.get()), "1");
   EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(Tree, Clone_IsDeepAndSharesNothing) {
-  ZOLTestReports r;
+TEST_F(Tree, Clone_IsDeepAndSharesNothing) {
   NodeRef src = MakeNode("Sheet", Node::TypeValNode);
   src->AddValue(MakeValue("1.0", "0.0", Value::FloatValue, 1).get(), -1);
   src->AddValue(MakeValue("Yes", "YesNo", Value::EnumValue).get(), -1);
@@ -309,11 +286,9 @@ TEST(Tree, Clone_IsDeepAndSharesNothing) {
   copy->Values()[1]->SetValue("No");
   EXPECT_EQ(Texts(src->SubNodes()[1]), "deep");
   EXPECT_EQ(Texts(src.get()), "1.0,Yes");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Tree, ValueCheck_OnlyEnumeratedValuesAreLookedAt) {
-  ZOLTestReports r;
+TEST_F(Tree, ValueCheck_OnlyEnumeratedValuesAreLookedAt) {
   NodeRef enums = MakeNode("Enum", Node::RootNode);
   ValueRef bad = MakeValue("Nothing", "YesNo", Value::EnumValue);
   ValueRef plain = MakeValue("Nothing", "YesNo", Value::StringValue);
@@ -322,11 +297,9 @@ TEST(Tree, ValueCheck_OnlyEnumeratedValuesAreLookedAt) {
   EXPECT_EQ(bad->Check(nullptr, "P"), 0);
   EXPECT_EQ(bad->Check(enums.get(), "P"), 1);
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "P.Nothing with enum \"YesNo\"");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Tree, Check_PrintsEachFaultWithTheRootNameTwiceAndGoesOn) {
-  ZOLTestReports r;
+TEST_F(Tree, Check_PrintsEachFaultWithTheRootNameTwiceAndGoesOn) {
   ZOLAnnStandardXMLParser doc;
   ASSERT_EQ(doc.AddNodeWithPath("Enum:FontStyle", 0), 0);
   ASSERT_EQ(doc.AddValueWithPath("Enum.FontStyle::string:Normal", 1), 0);
@@ -347,11 +320,9 @@ TEST(Tree, Check_PrintsEachFaultWithTheRootNameTwiceAndGoesOn) {
   EXPECT_EQ(testing::internal::GetCapturedStdout(),
             "X.Font.Sub.Thin with enum \"FontStyle\"X.Font.Bold with enum \"FontStyle\"");
   EXPECT_EQ(font->Check(nullptr, "X"), 0);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Tree, Check_DefinedValuesGiveOne) {
-  ZOLTestReports r;
+TEST_F(Tree, Check_DefinedValuesGiveOne) {
   ZOLAnnStandardXMLParser doc;
   ASSERT_EQ(doc.AddNodeWithPath("Enum:YesNo", 0), 0);
   ASSERT_EQ(doc.AddValueWithPath("Enum.YesNo::string:Yes", 1), 0);
@@ -360,11 +331,9 @@ TEST(Tree, Check_DefinedValuesGiveOne) {
   testing::internal::CaptureStdout();
   EXPECT_EQ(doc.Check(), 1);
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Tree, InstanceCounter_CountsNodesAndValuesInDevelopmentModeOnly) {
-  ZOLTestReports r;
+TEST_F(Tree, InstanceCounter_CountsNodesAndValuesInDevelopmentModeOnly) {
   long before = ZOLQelInstCountGet("ZOLAnnStandardXMLClass");
   ZOLSetDevelopmentStage(1);
   {
@@ -377,5 +346,4 @@ TEST(Tree, InstanceCounter_CountsNodesAndValuesInDevelopmentModeOnly) {
   NodeRef quiet = MakeNode("Q");
   EXPECT_EQ(ZOLQelInstCountGet("ZOLAnnStandardXMLClass"), before);
   quiet = NodeRef();
-  EXPECT_EQ(r.Count(), 0);
 }
