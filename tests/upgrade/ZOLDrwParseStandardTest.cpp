@@ -119,11 +119,24 @@ std::vector<std::string> StylesWithParent(const char* parent) {
 
 std::string Text(ZOLAnnStandardXMLParser* p, const char* path) { return p->GetValueWithPath(path).str(); }
 
+// Every test ends with the reports it expects in all (none unless it says so).
+class DriverTest : public testing::Test {
+protected:
+  void TearDown() override { EXPECT_EQ(r.Count(), reports); }
+  ZOLTestReports r;
+  ZOLUnicodeString name{"std.xml"};
+  int reports = 0;
+};
+class ParentStandard : public DriverTest {};
+class Decode : public DriverTest {};
+class CreateOutput : public DriverTest {};
+class UpgradeWalk : public DriverTest {};
+class ChangeStyleValue : public DriverTest {};
+class EditTable : public DriverTest {};
+
 }  // namespace
 
-TEST(ParentStandard, AnsiWithDatumModeOneIsAsmeAndTwoStaysAnsi) {
-  ZOLTestReports r;
-  ZOLUnicodeString name("std.xml");
+TEST_F(ParentStandard, AnsiWithDatumModeOneIsAsmeAndTwoStaysAnsi) {
   Driver asme(name, WithParent("ANSI", "1"));
   asme.Decode();
   EXPECT_EQ(asme.GetParentStandard().str(), "ASME");
@@ -132,32 +145,24 @@ TEST(ParentStandard, AnsiWithDatumModeOneIsAsmeAndTwoStaysAnsi) {
   EXPECT_EQ(ansi.GetParentStandard().str(), "ANSI");
   EXPECT_EQ(asme.GetParentStandardId(), ZOLDrwParseStandard::ASME);
   EXPECT_EQ(ansi.GetParentStandardId(), ZOLDrwParseStandard::ANSI);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(ParentStandard, AnsiWithOtherDatumModeStaysAnsiAfterOneReport) {
-  ZOLTestReports r;
-  ZOLUnicodeString name("std.xml");
+TEST_F(ParentStandard, AnsiWithOtherDatumModeStaysAnsiAfterOneReport) {
   Driver d(name, WithParent("ANSI", "0"));
   d.Decode();
   EXPECT_EQ(d.GetParentStandard().str(), "ANSI");
   EXPECT_EQ(r.CountContaining("Invalid TXTDatumMode"), 1);
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(ParentStandard, DatumModeIsReadOnlyForAnsi) {
-  ZOLTestReports r;
-  ZOLUnicodeString name("std.xml");
+TEST_F(ParentStandard, DatumModeIsReadOnlyForAnsi) {
   Driver d(name, WithParent("JIS", "1"));
   d.Decode();
   EXPECT_EQ(d.GetParentStandard().str(), "JIS");
   EXPECT_EQ(d.GetParentStandardId(), ZOLDrwParseStandard::JIS);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(ParentStandard, MissingNodeGivesEmptyParentNotIso) {
-  ZOLTestReports r;
-  ZOLUnicodeString name("std.xml");
+TEST_F(ParentStandard, MissingNodeGivesEmptyParentNotIso) {
   std::vector<std::string> lines = {"N Root:Dimension"};
   lines.insert(lines.end(), std::begin(kStyles), std::end(kStyles));
   Driver d(name, lines);
@@ -170,11 +175,10 @@ TEST(ParentStandard, MissingNodeGivesEmptyParentNotIso) {
   // Even a mask of every parent cannot apply to an unknown one.
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 0);
   EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(Decode, EmptyFileNameDecodesNothingAndEncodeWritesNothing) {
-  ZOLTestReports r;
+TEST_F(Decode, EmptyFileNameDecodesNothingAndEncodeWritesNothing) {
   ZOLUnicodeString empty;
   ZOLDrwParseStandard d(empty);
   d.Decode();
@@ -185,33 +189,26 @@ TEST(Decode, EmptyFileNameDecodesNothingAndEncodeWritesNothing) {
   d.Encode("/nonexistent-dir", out, options);
   EXPECT_EQ(out.str(), "");
   EXPECT_FALSE(d.GetOutcome().saved);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Decode, MissingFileGivesAnEmptyTreeOfReleaseNine) {
-  ZOLTestReports r;
+TEST_F(Decode, MissingFileGivesAnEmptyTreeOfReleaseNine) {
   ZOLUnicodeString name("/nonexistent-dir/none.xml");
   ZOLDrwParseStandard d(name);
   d.Decode();
   // An empty tree has no Annotation node: it dates as release 9.
   EXPECT_EQ(d.GetVersion(), 1);
   EXPECT_EQ(d.GetParentStandard().str(), "");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Decode, SecondDecodeChangesNothing) {
-  ZOLTestReports r;
-  ZOLUnicodeString name("std.xml");
+TEST_F(Decode, SecondDecodeChangesNothing) {
   Driver d(name, WithParent("JIS"));
   d.Decode();
   ZOLAnnStandardXMLParser* first = d.Parser();
   d.Decode();
   EXPECT_EQ(d.Parser(), first);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(CreateOutput, NameOfTheInputCutAtFirstXmlInTheGivenDirectoryWithBackslash) {
-  ZOLTestReports r;
+TEST_F(CreateOutput, NameOfTheInputCutAtFirstXmlInTheGivenDirectoryWithBackslash) {
   ZOLUnicodeString name("/data/standards/Company.xml.old");
   Driver d(name, WithParent("ISO"));
   ZOLUnicodeString out("previous");
@@ -222,32 +219,26 @@ TEST(CreateOutput, NameOfTheInputCutAtFirstXmlInTheGivenDirectoryWithBackslash) 
   EXPECT_EQ(out.str(), "out\\Company.xml");
   d.CreateOutput(nullptr, out);
   EXPECT_EQ(out.str(), ".\\Company.xml");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(UpgradeWalk, TargetStopsTheChainAtItsLevel) {
-  ZOLTestReports r;
+TEST_F(UpgradeWalk, TargetStopsTheChainAtItsLevel) {
   EXPECT_EQ(Walk(100, 140), Range(11, 14));
   EXPECT_EQ(Walk(100, 145), Range(11, 14));
   EXPECT_EQ(Walk(1, -1), Range(2, 29));
   EXPECT_EQ(Walk(30, 60), Range(4, 6));
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(UpgradeWalk, StartLevelsThatRunNothing) {
-  ZOLTestReports r;
+TEST_F(UpgradeWalk, StartLevelsThatRunNothing) {
   EXPECT_EQ(Walk(150, 140), std::vector<int>{});
   EXPECT_EQ(Walk(140, 140), std::vector<int>{}) << "a target equal to the start runs nothing";
   EXPECT_EQ(Walk(281, -1), std::vector<int>{});
   EXPECT_EQ(Walk(290, -1), std::vector<int>{});
   EXPECT_EQ(Walk(280, -1), std::vector<int>{29});
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) {
+TEST_F(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) {
   for (int start : {-1, 0}) {
-    ZOLTestReports r;
-    ZOLUnicodeString name("walk.xml");
+    r.Clear();
     std::vector<ZOLDrwMigrationStage> chain = RecordingChain();
     Driver d(name, WithParent("ISO"), chain.data(), static_cast<int>(chain.size()));
     d.Decode();
@@ -260,13 +251,12 @@ TEST(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) {
     EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
     EXPECT_EQ(r.Count(), 1);
   }
+  reports = 1;
 }
 
-TEST(UpgradeWalk, UnbuiltStageStopsThePassAndIsReported) {
-  ZOLTestReports r;
+TEST_F(UpgradeWalk, UnbuiltStageStopsThePassAndIsReported) {
   std::vector<ZOLDrwMigrationStage> chain = RecordingChain();
   chain[12].step = nullptr;  // stage 13, 120 to 130
-  ZOLUnicodeString name("walk.xml");
   Driver d(name, WithParent("ISO"), chain.data(), static_cast<int>(chain.size()));
   d.Decode();
   d.SetStartLevel(100);
@@ -289,11 +279,9 @@ TEST(UpgradeWalk, UnbuiltStageStopsThePassAndIsReported) {
   d.UpgradeVersion(120, options);
   EXPECT_EQ(g_ran, (std::vector<int>{11, 12}));
   EXPECT_EQ(d.GetOutcome().blockedStage, 0);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(UpgradeWalk, BlockedUpgradeWritesNoFile) {
-  ZOLTestReports r;
+TEST_F(UpgradeWalk, BlockedUpgradeWritesNoFile) {
   std::string out = std::filesystem::temp_directory_path() / ("qelstd-blocked-" + std::to_string(getpid()) + ".xml");
   std::filesystem::remove(out);
   ZOLUnicodeString name("/somewhere/std.xml");
@@ -306,10 +294,10 @@ TEST(UpgradeWalk, BlockedUpgradeWritesNoFile) {
   EXPECT_FALSE(d.GetOutcome().saved);
   EXPECT_EQ(d.GetOutcome().blockedFrom, 150);
   EXPECT_EQ(r.CountContaining("not built yet"), 1);
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(UpgradeWalk, ShippedChainListsEveryStageInOrder) {
+TEST_F(UpgradeWalk, ShippedChainListsEveryStageInOrder) {
   std::vector<ZOLDrwParseStandard::StageInfo> stages = ZOLDrwParseStandard::GetStages();
   ASSERT_EQ(stages.size(), 29u);
   EXPECT_TRUE(stages[0].fromFlatText);
@@ -324,20 +312,15 @@ TEST(UpgradeWalk, ShippedChainListsEveryStageInOrder) {
   EXPECT_EQ(stages.back().to, ZOLDrwParseStandard::GetCurrentVersion());
 }
 
-TEST(ChangeStyleValue, ChangesEveryStyleWhenAllHoldTheOldValue) {
-  ZOLTestReports r;
-  ZOLUnicodeString name("std.xml");
+TEST_F(ChangeStyleValue, ChangesEveryStyleWhenAllHoldTheOldValue) {
   Driver d(name, StylesWithParent("JIS"));
   d.Decode();
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 12, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
   for (const char* s : {"Default", "Custom", "Last"})
     EXPECT_EQ(Text(d.Parser(), (std::string("Root.Styles.Text.") + s + ".Font").c_str()), "Mono") << s;
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(ChangeStyleValue, StopsAtTheFirstStyleThatDiffers) {
-  ZOLTestReports r;
-  ZOLUnicodeString name("std.xml");
+TEST_F(ChangeStyleValue, StopsAtTheFirstStyleThatDiffers) {
   Driver d(name, StylesWithParent("ISO"));
   d.Decode();
   ASSERT_EQ(d.Parser()->ChangeValueWithPath("Root.Styles.Text.Custom.Font:Courier"), 0);
@@ -345,33 +328,26 @@ TEST(ChangeStyleValue, StopsAtTheFirstStyleThatDiffers) {
   EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Mono") << "styles before it stay changed";
   EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Custom.Font"), "Courier");
   EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Last.Font"), "Arial") << "styles after it are not reached";
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(ChangeStyleValue, ValueOfAnotherTypeStopsTheChange) {
-  ZOLTestReports r;
-  ZOLUnicodeString name("std.xml");
+TEST_F(ChangeStyleValue, ValueOfAnotherTypeStopsTheChange) {
   Driver d(name, StylesWithParent("ISO"));
   d.Decode();
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::EnumValue, "Arial", "Mono"), 0);
   EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(ChangeStyleValue, MaskWithoutTheParentSucceedsWithoutLookingAtTheTree) {
-  ZOLTestReports r;
-  ZOLUnicodeString name("std.xml");
+TEST_F(ChangeStyleValue, MaskWithoutTheParentSucceedsWithoutLookingAtTheTree) {
   Driver d(name, StylesWithParent("JIS"));
   d.Decode();
   EXPECT_EQ(d.ChangeStyleValue("Root.No.Such.Family", "Font", 7, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 3, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
   EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(ChangeStyleValue, MissingFamilyEmptyFamilyAndBadArgumentsGiveZero) {
-  ZOLTestReports r;
-  ZOLUnicodeString name("std.xml");
+TEST_F(ChangeStyleValue, MissingFamilyEmptyFamilyAndBadArgumentsGiveZero) {
   std::vector<std::string> lines = StylesWithParent("ISO");
   lines.push_back("N Root.Styles:Empty");
   Driver d(name, lines);
@@ -381,7 +357,7 @@ TEST(ChangeStyleValue, MissingFamilyEmptyFamilyAndBadArgumentsGiveZero) {
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 0, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, nullptr, "b"), 0);
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Size", 15, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
-  EXPECT_EQ(r.Count(), 5);
+  reports = 5;
 }
 
 TEST(OutputLine, AddSkipsEmptyAndNullPartsAndEndsTheLineOnRequest) {
@@ -454,11 +430,9 @@ void TableStep(ZOLDrwMigrationContext& c) { ZOLDrwRunEditTable(c, kTestTable); }
 
 }  // namespace
 
-TEST(EditTable, LinesRunUnderTheirParentMaskAndOptionCondition) {
-  ZOLTestReports r;
+TEST_F(EditTable, LinesRunUnderTheirParentMaskAndOptionCondition) {
   const ZOLDrwMigrationStage chain[] = {{100, 110, ZOLDrwMigrationStage::EditsTree, "TableStep", &TableStep}};
   for (bool update : {false, true}) {
-    ZOLUnicodeString name("std.xml");
     Driver d(name, StylesWithParent("ASME"), chain, 1);
     d.Decode();
     d.SetStartLevel(100);
@@ -473,11 +447,9 @@ TEST(EditTable, LinesRunUnderTheirParentMaskAndOptionCondition) {
     ZOLRef<ZOLAnnStandardXMLNode> frames = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(d.Parser()->GetNodeWithPath("Root.Frames"));
     EXPECT_TRUE(frames);
   }
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(EditTable, StyleLineOnAFamilyWithoutStylesChangesNothing) {
-  ZOLTestReports r;
+TEST_F(EditTable, StyleLineOnAFamilyWithoutStylesChangesNothing) {
   ZOLAnnStandardXMLParser p;
   Build(p, {"N Root:Styles", "N Root.Styles:Text"});
   EXPECT_EQ(AddValueInAllStyles(&p, "Root.Styles.Text", ":Blanking:string:Yes", 1), E_FAIL);
@@ -485,7 +457,6 @@ TEST(EditTable, StyleLineOnAFamilyWithoutStylesChangesNothing) {
   ZOLRef<ZOLAnnStandardXMLNode> text = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(p.GetNodeWithPath("Root.Styles.Text"));
   ASSERT_TRUE(text);
   EXPECT_EQ(text->GetNumOfNode(), 0);
-  EXPECT_EQ(r.Count(), 0);
 }
 
 TEST(Encode, CurrentStandardRunsNothingAndIsSavedUnderItsNameInTheDirectory) {
