@@ -11,25 +11,34 @@
 
 using P = ZOLDftStdPersistence;
 
-TEST(Registry, ConstantsAndCurrentVersion) {
-  EXPECT_STREQ(P::ZOLDftStdType, "drafting");
-  EXPECT_STREQ(P::ZOLDftStdExtension, "xml");
-  EXPECT_STREQ(P::ZOLDftStdNodeSeparator, ".");
-  EXPECT_STREQ(P::ZOLDftStdNodeGeneral, "General");
-  EXPECT_STREQ(P::ZOLDftStdNodeDress, "DressUp");
-  EXPECT_STREQ(P::ZOLDftStdNodeDimension, "Dimension");
-  EXPECT_STREQ(P::ZOLDftStdNodeTolerance, "ToleranceFormats");
-  EXPECT_STREQ(P::ZOLDftStdNodeValue, "ValueFormats");
-  EXPECT_STREQ(P::ZOLDftStdNodeThickness, "LineThickness");
-  EXPECT_STREQ(P::ZOLDftStdNodeLinetypes, "LineTypes");
-  EXPECT_STREQ(P::ZOLDftStdNodeStyles, "Styles");
+namespace {
+
+// Every test ends with the reports it expects in all (none unless it says so).
+class Registry : public testing::Test {
+protected:
+  void TearDown() override { EXPECT_EQ(r.Count(), reports); }
+  ZOLTestReports r;
+  ZOLAnnStandardXMLParser doc;
+  int reports = 0;
+};
+class Dating : public Registry {};
+
+}  // namespace
+
+TEST_F(Registry, ConstantsAndCurrentVersion) {
+  const std::vector<std::pair<const char*, const char*>> names = {
+      {P::ZOLDftStdType, "drafting"},          {P::ZOLDftStdExtension, "xml"},           {P::ZOLDftStdNodeSeparator, "."},
+      {P::ZOLDftStdNodeGeneral, "General"},    {P::ZOLDftStdNodeDress, "DressUp"},      {P::ZOLDftStdNodeDimension, "Dimension"},
+      {P::ZOLDftStdNodeTolerance, "ToleranceFormats"}, {P::ZOLDftStdNodeValue, "ValueFormats"},
+      {P::ZOLDftStdNodeThickness, "LineThickness"}, {P::ZOLDftStdNodeLinetypes, "LineTypes"}, {P::ZOLDftStdNodeStyles, "Styles"}};
+  for (auto [got, want] : names) EXPECT_STREQ(got, want);
   EXPECT_EQ(P::GetCurrentVersion(), 290);
   EXPECT_EQ(P::GetVersionNodePath(), "Version");
   EXPECT_EQ(P::NodeAdded, 0);
   EXPECT_EQ(P::NodeRemoved, 1);
 }
 
-TEST(Registry, VersionFromReleaseTable) {
+TEST_F(Registry, VersionFromReleaseTable) {
   const std::vector<std::pair<int, int>> rows = {
       {1, 0},     {8, 0},     {9, 1},     {10, 2},    {11, 30},   {12, 40},   {13, 50},   {14, 60},
       {15, 70},   {16, 80},   {17, 90},   {18, 100},  {20, 110},  {21, 120},  {210, 130}, {211, 140},
@@ -40,13 +49,12 @@ TEST(Registry, VersionFromReleaseTable) {
   EXPECT_EQ(P::GetVersionFromRelease(428, 7), 290);  // the service pack is not looked at
 }
 
-TEST(Registry, VersionFromReleaseFirstRowIsOneUnsignedTest) {
+TEST_F(Registry, VersionFromReleaseFirstRowIsOneUnsignedTest) {
   for (int release : {0, -5, -2147483647 - 1, 19, 22, 209, 217, 416, 429, 2147483647})
     EXPECT_EQ(P::GetVersionFromRelease(release, 0), -1) << release;
 }
 
-TEST(Registry, ReferenceNodesOfReleasesTenToEighteen) {
-  ZOLTestReports r;
+TEST_F(Registry, ReferenceNodesOfReleasesTenToEighteen) {
   const std::vector<std::tuple<int, const char*, P::NodeStatus>> rows = {
       {10, "Annotation", P::NodeAdded},
       {11, "Styles", P::NodeAdded},
@@ -64,11 +72,9 @@ TEST(Registry, ReferenceNodesOfReleasesTenToEighteen) {
     EXPECT_EQ(node, path);
     EXPECT_EQ(got, status);
   }
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Registry, ReferenceNodeOfAnotherReleaseIsReportedAndLeavesTheOutputs) {
-  ZOLTestReports r;
+TEST_F(Registry, ReferenceNodeOfAnotherReleaseIsReportedAndLeavesTheOutputs) {
   ZOLUnicodeString node("untouched");
   P::NodeStatus status = P::NodeRemoved;
   EXPECT_EQ(P::GetReferenceNodeForRelease(9, node, status), E_FAIL);
@@ -76,11 +82,10 @@ TEST(Registry, ReferenceNodeOfAnotherReleaseIsReportedAndLeavesTheOutputs) {
   EXPECT_EQ(node, "untouched");
   EXPECT_EQ(status, P::NodeRemoved);
   EXPECT_EQ(r.CountContaining(">> ASSERTION FAILED : Invalid input value! [File: ZOLDftStdPersistence.cpp:"), 2);
-  EXPECT_EQ(r.Count(), 2);
+  reports = 2;
 }
 
-TEST(Registry, AcceptedExplicitVersionsAreTheNineteenFrom110To290) {
-  ZOLTestReports r;
+TEST_F(Registry, AcceptedExplicitVersionsAreTheNineteenFrom110To290) {
   int accepted = 0;
   for (int v = -1000; v <= 1000; ++v) accepted += P::CheckExplicitVersionNumberIsValid(v);
   EXPECT_EQ(accepted, 19);
@@ -92,8 +97,7 @@ TEST(Registry, AcceptedExplicitVersionsAreTheNineteenFrom110To290) {
   EXPECT_EQ(r.Count(), 0);  // the one-time self-check of the real table is quiet
 }
 
-TEST(Registry, SelfCheckReportsEachFaultOfATable) {
-  ZOLTestReports r;
+TEST_F(Registry, SelfCheckReportsEachFaultOfATable) {
   const int good[] = {110, 200, 290};
   EXPECT_EQ(ZOLDftStdPersistenceSelfCheck(good, 3), 0);
   EXPECT_EQ(r.Count(), 0);
@@ -105,7 +109,7 @@ TEST(Registry, SelfCheckReportsEachFaultOfATable) {
   EXPECT_EQ(ZOLDftStdPersistenceSelfCheck(future, 3), 3);
   EXPECT_EQ(r.CountContaining(">> ASSERTION FAILED : Accepted version is > current version?! [File:"), 2);
   EXPECT_EQ(r.CountContaining(">> ASSERTION FAILED BOOL IS FALSE: Current version not found?! [File:"), 1);
-  EXPECT_EQ(r.Count(), 3);
+  reports = 3;
 }
 
 namespace {
@@ -124,18 +128,13 @@ void BuildRelease18(ZOLAnnStandardXMLParser& doc) {
 
 }  // namespace
 
-TEST(Dating, UndatedDocumentWithoutAnnotationIsOfVersionOne) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(Dating, UndatedDocumentWithoutAnnotationIsOfVersionOne) {
   EXPECT_EQ(doc.GetVersion(), 1);
   Build(doc, {"Root:Styles"});  // a later node does not help without Annotation
   EXPECT_EQ(doc.GetVersion(), 1);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Dating, UndatedDocumentIsDatedByTheFirstMissingReferenceNode) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(Dating, UndatedDocumentIsDatedByTheFirstMissingReferenceNode) {
   Build(doc, {"Root:Annotation"});
   EXPECT_EQ(doc.GetVersion(), 2);
   Build(doc, {"Root:Styles", "Root:Dimension", "Root.Dimension:CurvilinearLengthSymbol", "Root:General",
@@ -143,32 +142,23 @@ TEST(Dating, UndatedDocumentIsDatedByTheFirstMissingReferenceNode) {
   EXPECT_EQ(doc.GetVersion(), 40);  // the removed node is still there: older than release 13
   EXPECT_EQ(doc.DeleteNodeWithPath("Root.General.DefaultToleranceFormat"), 0);
   EXPECT_EQ(doc.GetVersion(), 50);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Dating, UndatedDocumentHoldingAllReferenceNodesIsOfVersion100) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(Dating, UndatedDocumentHoldingAllReferenceNodesIsOfVersion100) {
   BuildRelease18(doc);
   EXPECT_EQ(doc.GetVersion(), 100);
   EXPECT_EQ(doc.DeleteNodeWithPath("Root.Annotation.BlankBackground"), 0);
   EXPECT_EQ(doc.GetVersion(), 90);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Dating, ExplicitVersionNodeWins) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(Dating, ExplicitVersionNodeWins) {
   ASSERT_EQ(doc.AddValueWithPath("Root:Version:int:290", 1), 0);
   EXPECT_EQ(doc.GetVersion(), 290);
   EXPECT_EQ(doc.ChangeValueWithPath("Root.Version:110"), 0);
   EXPECT_EQ(doc.GetVersion(), 110);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(Dating, ExplicitVersionNotAcceptedGivesMinusOneWithReports) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(Dating, ExplicitVersionNotAcceptedGivesMinusOneWithReports) {
   BuildRelease18(doc);
   ASSERT_EQ(doc.AddValueWithPath("Root:Version:int:100", 1), 0);
   EXPECT_EQ(doc.GetVersion(), -1);
@@ -179,12 +169,10 @@ TEST(Dating, ExplicitVersionNotAcceptedGivesMinusOneWithReports) {
   EXPECT_EQ(doc.GetVersion(), -1);
   EXPECT_EQ(doc.ChangeValueWithPath("Root.Version:v290"), 0);
   EXPECT_EQ(doc.GetVersion(), -1);
-  EXPECT_EQ(r.Count(), 4);
+  reports = 4;
 }
 
-TEST(Dating, MalformedVersionNodeGivesMinusOneWithAReportPerBreach) {
-  ZOLTestReports r;
-  ZOLAnnStandardXMLParser doc;
+TEST_F(Dating, MalformedVersionNodeGivesMinusOneWithAReportPerBreach) {
   ASSERT_EQ(doc.AddValueWithPath("Root:Version:float:290", 1), 0);
   EXPECT_EQ(doc.GetVersion(), -1);
   EXPECT_EQ(r.Count(), 2);  // not an integer, then GetVersion
@@ -198,6 +186,6 @@ TEST(Dating, MalformedVersionNodeGivesMinusOneWithAReportPerBreach) {
   ASSERT_EQ(record.AddValueWithPath("Root.Version:V:int:290", 1), 0);
   ASSERT_EQ(record.AddValueWithPath("Root.Version:W:int:290", 1), 0);
   EXPECT_EQ(record.GetVersion(), -1);
-  EXPECT_EQ(r.Count(), 3);  // a record, two values, then GetVersion
   EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 3);
+  reports = 3;  // a record, two values, then GetVersion
 }
