@@ -37,9 +37,15 @@ std::string TempPath(const char* name) {
   return (fs::temp_directory_path() / (std::string("zoldom_") + std::to_string(::getpid()) + "_" + name)).string();
 }
 
+class DOMBuilder : public testing::Test {
+protected:
+  std::unique_ptr<ZOLIXMLDOMDocumentBuilder> b = Builder();
+  ZOLIDOMDocument doc;
+};
+
 }  // namespace
 
-TEST(DOMBuilder, SupportsValidationNamespacesAndPrettyPrint) {
+TEST_F(DOMBuilder, SupportsValidationNamespacesAndPrettyPrint) {
   ZOLListValZOLUnicodeString names;
   Builder()->GetSupportedOptions(names);
   EXPECT_TRUE(names.Locate("ZOLDoValidation"));
@@ -47,9 +53,7 @@ TEST(DOMBuilder, SupportsValidationNamespacesAndPrettyPrint) {
   EXPECT_TRUE(names.Locate("ZOLFormatPrettyPrint"));
 }
 
-TEST(DOMBuilder, UnknownOptionOrNonBooleanValueIsRefused) {
-  auto b = Builder();
-  ZOLIDOMDocument doc;
+TEST_F(DOMBuilder, UnknownOptionOrNonBooleanValueIsRefused) {
   EXPECT_EQ(Read(*b, "<r/>", doc, Options().Add("ZOLSomething", "true")), E_INVALIDARG);
   EXPECT_EQ(Read(*b, "<r/>", doc, Options().Add("ZOLDoValidation", "maybe")), E_INVALIDARG);
   EXPECT_EQ(Read(*b, "<r/>", doc, Options().Add("ZOLFormatPrettyPrint", "true")), E_INVALIDARG);  // a writer option
@@ -57,9 +61,7 @@ TEST(DOMBuilder, UnknownOptionOrNonBooleanValueIsRefused) {
   EXPECT_FALSE(b->GetLastError().empty());
 }
 
-TEST(DOMBuilder, ValidationChecksAgainstTheDocumentsOwnDtdOnly) {
-  auto b = Builder();
-  ZOLIDOMDocument doc;
+TEST_F(DOMBuilder, ValidationChecksAgainstTheDocumentsOwnDtdOnly) {
   const std::string dtd = "<!DOCTYPE r [<!ELEMENT r (a)*><!ELEMENT a EMPTY>]>";
   Options on = Options().Add("ZOLDoValidation", "true");
   EXPECT_EQ(Read(*b, dtd + "<r><a/></r>", doc, on), S_OK);
@@ -69,7 +71,7 @@ TEST(DOMBuilder, ValidationChecksAgainstTheDocumentsOwnDtdOnly) {
   EXPECT_EQ(Read(*b, "<r/>", doc, on), E_FAIL);  // nothing to validate against
 }
 
-TEST(DOMBuilder, ExternalDtdAndEntitiesAreNeverLoaded) {
+TEST_F(DOMBuilder, ExternalDtdAndEntitiesAreNeverLoaded) {
   std::string secret = TempPath("secret.ent");
   std::string dtd = TempPath("ext.dtd");
   { std::ofstream(secret) << "SECRET"; }
@@ -88,9 +90,7 @@ TEST(DOMBuilder, ExternalDtdAndEntitiesAreNeverLoaded) {
   std::remove(dtd.c_str());
 }
 
-TEST(DOMBuilder, WithoutNamespacesElementsHaveOnlyTheirQualifiedName) {
-  auto b = Builder();
-  ZOLIDOMDocument doc;
+TEST_F(DOMBuilder, WithoutNamespacesElementsHaveOnlyTheirQualifiedName) {
   ASSERT_EQ(Read(*b, "<s:r xmlns:s=\"urn:s\" s:a=\"1\" b=\"2\"/>", doc, Options().Add("ZOLEnableNameSpaces", "false")), S_OK);
   ZOLIDOMElement top = Top(doc);
   std::string_view local = "x", uri = "x";
@@ -108,9 +108,7 @@ TEST(DOMBuilder, WithoutNamespacesElementsHaveOnlyTheirQualifiedName) {
   EXPECT_EQ(Read(*b, "<p:r/>", doc), E_FAIL);
 }
 
-TEST(DOMBuilder, AttributesByNamespaceAndLocalName) {
-  auto b = Builder();
-  ZOLIDOMDocument doc;
+TEST_F(DOMBuilder, AttributesByNamespaceAndLocalName) {
   ASSERT_EQ(Read(*b, "<r xmlns:s=\"urn:s\" name=\"n &amp; m\" s:name=\"q\" empty=\"\"/>", doc), S_OK);
   ZOLIDOMElement top = Top(doc);
   std::string v;
@@ -126,9 +124,7 @@ TEST(DOMBuilder, AttributesByNamespaceAndLocalName) {
   EXPECT_EQ(ZOLIDOMElement().GetAttributeNS("", "name", v), E_FAIL);
 }
 
-TEST(DOMBuilder, CreatedDocumentWritesNamespacesOnceAndTextsUnmerged) {
-  auto b = Builder();
-  ZOLIDOMDocument doc;
+TEST_F(DOMBuilder, CreatedDocumentWritesNamespacesOnceAndTextsUnmerged) {
   ASSERT_EQ(b->CreateDocument(doc), S_OK);
   ZOLIDOMElement top, child, orphan;
   ASSERT_EQ(doc.CreateElementNS("urn:s", "s:top", top), S_OK);
@@ -155,9 +151,7 @@ TEST(DOMBuilder, CreatedDocumentWritesNamespacesOnceAndTextsUnmerged) {
   EXPECT_EQ(out, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<s:top xmlns:s=\"urn:s\" name=\"a&lt;b\"><s:v>x&amp;y</s:v></s:top>\n");
 }
 
-TEST(DOMBuilder, WriteToFileReplacesWholeOrNotAtAll) {
-  auto b = Builder();
-  ZOLIDOMDocument doc;
+TEST_F(DOMBuilder, WriteToFileReplacesWholeOrNotAtAll) {
   ASSERT_EQ(Read(*b, "<r><a>1</a></r>", doc), S_OK);
   std::string path = TempPath("out.xml");
   ASSERT_EQ(b->WriteToFile(doc, path, {}, {}), S_OK);
@@ -173,9 +167,7 @@ TEST(DOMBuilder, WriteToFileReplacesWholeOrNotAtAll) {
   std::remove(path.c_str());
 }
 
-TEST(DOMBuilder, NodeTypesAndNamesAsInDom) {
-  auto b = Builder();
-  ZOLIDOMDocument doc;
+TEST_F(DOMBuilder, NodeTypesAndNamesAsInDom) {
   ASSERT_EQ(Read(*b, "<!DOCTYPE r [<!ENTITY e \"v\">]><r>t<![CDATA[c]]><!--m--><?p d?>&e;<x:a xmlns:x=\"urn:x\"/></r>", doc), S_OK);
   ZOLIDOMNodeList children;
   ASSERT_EQ(Top(doc).GetChildNodes(children), S_OK);
