@@ -54,6 +54,14 @@ std::vector<std::string> Sorted(const ZOLListValZOLUnicodeString& list) {
 
 const ZOLUnicodeString* Builtin(const char* name) { return ZOLDftBuiltinStandards::GetText(name); }
 
+// The result of a search and the path it gave; "unchanged" when it gave none.
+using Found = std::pair<long, std::string>;
+Found Find(const char* name, bool inRepository) {
+  ZOLUnicodeString path("unchanged");
+  long hr = ZOLDftStandardServices::FindStandardFileInEnv(name, path, inRepository);
+  return {hr, path.str()};
+}
+
 }  // namespace
 
 TEST(StandardRepository, DirectoriesOfBothVariablesSplitOnColonSiteFirst) {
@@ -102,58 +110,44 @@ TEST(StandardRepository, CopyTakesTheFirstDirectoryThatHasTheFile) {
 TEST(FindInCollections, FirstDirectoryHoldingTheFileGivesItsPath) {
   Catalogue c;
   WriteText(c.delivered + "/drafting/Company.xml", "delivered");
-  ZOLUnicodeString path;
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Company", path, true), S_OK);
-  EXPECT_EQ(path.str(), c.delivered + "/drafting/Company.xml");
+  EXPECT_EQ(Find("Company", true), Found(S_OK, c.delivered + "/drafting/Company.xml"));
   WriteText(c.site + "/drafting/Company.xml", "site");
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Company", path, true), S_OK);
-  EXPECT_EQ(path.str(), c.site + "/drafting/Company.xml");
+  EXPECT_EQ(Find("Company", true), Found(S_OK, c.site + "/drafting/Company.xml"));
 }
 
 TEST(FindInCollections, UnknownNameOrEmptyRepositoryFailsAndLeavesThePath) {
   Catalogue c;
-  ZOLUnicodeString path("unchanged");
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("None", path, true), E_FAIL);
+  EXPECT_EQ(Find("None", true), Found(E_FAIL, "unchanged"));
   c.env.Set("ZOLCollectionStandard", "");
   c.env.Set("ZOLDefaultCollectionStandard", "");
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("None", path, true), E_FAIL);
-  EXPECT_EQ(path.str(), "unchanged");
+  EXPECT_EQ(Find("None", true), Found(E_FAIL, "unchanged"));
   EXPECT_TRUE(fs::is_empty(c.work)) << "the repository search makes no working copy";
 }
 
 TEST(FindInCollections, NoRepositoryVariableIsSaidOnStandardOutput) {
   EnvOverride env;
   env.Clear();
-  ZOLUnicodeString path("unchanged");
   testing::internal::CaptureStdout();
-  long hr = ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, true);
-  std::string out = testing::internal::GetCapturedStdout();
-  EXPECT_EQ(hr, E_FAIL);
-  EXPECT_EQ(out, "ZOLDefaultCollectionStandard and ZOLCollectionStandard not defined.\n");
-  EXPECT_EQ(path.str(), "unchanged");
+  EXPECT_EQ(Find("ISO", true), Found(E_FAIL, "unchanged"));
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "ZOLDefaultCollectionStandard and ZOLCollectionStandard not defined.\n");
 }
 
 TEST(FindWorkingCopy, RepositoryFileIsCopiedToTheWorkingDirectory) {
   Catalogue c;
   WriteText(c.delivered + "/drafting/Company.xml", "<company/>");
-  ZOLUnicodeString path;
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Company", path, false), 0);
-  EXPECT_EQ(path.str(), c.work + "/Company.xml");
-  EXPECT_EQ(ReadText(path.str()), "<company/>");
+  EXPECT_EQ(Find("Company", false), Found(0, c.work + "/Company.xml"));
+  EXPECT_EQ(ReadText(c.work + "/Company.xml"), "<company/>");
 }
 
 TEST(FindWorkingCopy, AdlOdtOutGoesBeforeZolTemp) {
   Catalogue c;
   WriteText(c.site + "/drafting/Company.xml", "x");
   c.env.Set("ZOLTemp", c.root / "temp-not-read");
-  ZOLUnicodeString path;
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Company", path, false), 0);
-  EXPECT_EQ(path.str(), c.work + "/Company.xml");
+  EXPECT_EQ(Find("Company", false), Found(0, c.work + "/Company.xml"));
   c.env.Unset("ADL_ODT_OUT");
   c.env.Set("ZOLTemp", c.work + "/temp");
   fs::create_directories(c.work + "/temp");
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Company", path, false), 0);
-  EXPECT_EQ(path.str(), c.work + "/temp/Company.xml");
+  EXPECT_EQ(Find("Company", false), Found(0, c.work + "/temp/Company.xml"));
 }
 
 TEST(FindWorkingCopy, NoWorkingDirectoryIsSaidAndNothingIsWritten) {
@@ -161,12 +155,9 @@ TEST(FindWorkingCopy, NoWorkingDirectoryIsSaidAndNothingIsWritten) {
   WriteText(c.site + "/drafting/Company.xml", "x");
   c.env.Unset("ADL_ODT_OUT");
   c.env.Set("ZOLTemp", "");
-  ZOLUnicodeString path("unchanged");
   testing::internal::CaptureStderr();
-  long hr = ZOLDftStandardServices::FindStandardFileInEnv("Company", path, false);
+  EXPECT_EQ(Find("Company", false), Found(1, "unchanged"));
   std::string err = testing::internal::GetCapturedStderr();
-  EXPECT_EQ(hr, 1);
-  EXPECT_EQ(path.str(), "unchanged");
   EXPECT_NE(err.find("Neither ADL_ODT_OUT nor ZOLTemp is set"), std::string::npos) << err;
   EXPECT_FALSE(fs::exists("Company.xml")) << "never the current directory";
 }
@@ -174,44 +165,34 @@ TEST(FindWorkingCopy, NoWorkingDirectoryIsSaidAndNothingIsWritten) {
 TEST(FindWorkingCopy, WorkingCopyLeftByAnEarlierCallIsServedForAnyName) {
   Catalogue c;
   WriteText(c.work + "/Gone.xml", "stale");
-  ZOLUnicodeString path("unchanged");
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Gone", path, false), 0);
-  EXPECT_EQ(path.str(), c.work + "/Gone.xml");
-  EXPECT_EQ(ReadText(path.str()), "stale");
-  ZOLUnicodeString other("unchanged");
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("../work/Gone", other, false), 1);
-  EXPECT_EQ(other.str(), "unchanged");
+  EXPECT_EQ(Find("Gone", false), Found(0, c.work + "/Gone.xml"));
+  EXPECT_EQ(ReadText(c.work + "/Gone.xml"), "stale");
+  EXPECT_EQ(Find("../work/Gone", false), Found(1, "unchanged"));
 }
 
 TEST(FindWorkingCopy, AlternateComesFromTheDrawingKind) {
   Catalogue c;
   WriteText(c.delivered + "/xDrawing/JIS_Alternate.xml", "alternate");
-  ZOLUnicodeString path;
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("JIS_Alternate", path, false), 0);
+  EXPECT_EQ(Find("JIS_Alternate", false).first, 0);
   EXPECT_EQ(ReadText(c.work + "/JIS_Alternate.xml"), "alternate");
-  ZOLUnicodeString other("unchanged");
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("ISO_Alternate", other, false), 1);
-  EXPECT_EQ(other.str(), "unchanged");
+  EXPECT_EQ(Find("ISO_Alternate", false), Found(1, "unchanged"));
 }
 
 TEST(FindWorkingCopy, RepositoryFileGoesBeforeTheBuiltinText) {
   Catalogue c;
   WriteText(c.site + "/drafting/ISO.xml", "site iso");
-  ZOLUnicodeString path;
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, false), 0);
-  EXPECT_EQ(ReadText(path.str()), "site iso");
+  EXPECT_EQ(Find("ISO", false), Found(0, c.work + "/ISO.xml"));
+  EXPECT_EQ(ReadText(c.work + "/ISO.xml"), "site iso");
 }
 
 TEST(FindWorkingCopy, StaleWorkingCopyWinsOverTheBuiltinTextButNotOverTheRepository) {
   Catalogue c;
   WriteText(c.work + "/ISO.xml", "stale");
-  ZOLUnicodeString path("unchanged");
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, false), 0);
-  EXPECT_EQ(path.str(), c.work + "/ISO.xml");
-  EXPECT_EQ(ReadText(path.str()), "stale") << "the built-in text is written only where no working copy stands";
+  EXPECT_EQ(Find("ISO", false), Found(0, c.work + "/ISO.xml"));
+  EXPECT_EQ(ReadText(c.work + "/ISO.xml"), "stale") << "the built-in text is written only where no working copy stands";
   WriteText(c.site + "/drafting/ISO.xml", "site iso");
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, false), 0);
-  EXPECT_EQ(ReadText(path.str()), "site iso");
+  EXPECT_EQ(Find("ISO", false), Found(0, c.work + "/ISO.xml"));
+  EXPECT_EQ(ReadText(c.work + "/ISO.xml"), "site iso");
 }
 
 TEST(FindWorkingCopy, EachBuiltinIsWrittenWhenTheRepositoryIsEmpty) {
@@ -219,13 +200,10 @@ TEST(FindWorkingCopy, EachBuiltinIsWrittenWhenTheRepositoryIsEmpty) {
   c.env.Unset("ZOLCollectionStandard");
   c.env.Unset("ZOLDefaultCollectionStandard");
   for (const char* name : {"ISO", "JIS", "ANSI-ASME"}) {
-    ZOLUnicodeString path;
-    EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv(name, path, false), 0) << name;
-    EXPECT_EQ(path.str(), c.work + "/" + name + ".xml");
-    EXPECT_EQ(ReadText(path.str()), Builtin(name)->str()) << name;
+    EXPECT_EQ(Find(name, false), Found(0, c.work + "/" + name + ".xml"));
+    EXPECT_EQ(ReadText(c.work + "/" + name + ".xml"), Builtin(name)->str()) << name;
   }
-  ZOLUnicodeString path("unchanged");
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("ASME", path, false), 1) << "the file name is ANSI-ASME";
+  EXPECT_EQ(Find("ASME", false).first, 1) << "the file name is ANSI-ASME";
 }
 
 TEST(FindWorkingCopy, WorkingDirectoryThatCannotBeWrittenGivesOne) {
@@ -233,14 +211,11 @@ TEST(FindWorkingCopy, WorkingDirectoryThatCannotBeWrittenGivesOne) {
   WriteText(c.site + "/drafting/Company.xml", "x");
   WriteText(c.root / "plain-file", "not a directory");
   c.env.Set("ADL_ODT_OUT", c.root / "plain-file");
-  ZOLUnicodeString path("unchanged");
-  EXPECT_EQ(ZOLDftStandardServices::FindStandardFileInEnv("Company", path, false), 1);
+  EXPECT_EQ(Find("Company", false), Found(1, "unchanged"));
   c.env.Set("ADL_ODT_OUT", c.root / "no/such/dir");
   testing::internal::CaptureStderr();
-  long hr = ZOLDftStandardServices::FindStandardFileInEnv("ISO", path, false);
+  EXPECT_EQ(Find("ISO", false), Found(1, "unchanged"));
   std::string err = testing::internal::GetCapturedStderr();
-  EXPECT_EQ(hr, 1);
-  EXPECT_EQ(path.str(), "unchanged");
   EXPECT_NE(err.find("Failed to open file for writing: "), std::string::npos) << err;
 }
 
