@@ -56,19 +56,69 @@ std::string Release13Standard() {
                   Formats() + Node("Styles", Node("Sheet", OldSheetStyle("Default", "2.0"))));
 }
 
+// A standard opened through the services, with the reports raised from then on.
+struct Opened : OneStandard {
+  ZOLTestReports r;
+  ZOLAnnStandardServices services;
+  Opened(const std::string& standardName, const std::string& text)
+      : OneStandard(standardName, text), services(name.c_str()) {}
+};
+
+// What a list query answered: its result, the count it set (-1 if none) and the list, owned.
+template <typename T>
+struct Listed {
+  long hr;
+  int count = -1;
+  std::unique_ptr<T[]> items;
+};
+
+Listed<ZOLDrwStdSheetStyle> SheetStyles(ZOLAnnStandardServices& services) {
+  Listed<ZOLDrwStdSheetStyle> out;
+  ZOLDrwStdSheetStyle* items = nullptr;
+  out.hr = services.GetAvailableSheetStyles(&items, out.count);
+  out.items.reset(items);
+  return out;
+}
+
+Listed<ZOLDrwStdSheetFormat> SheetFormats(ZOLAnnStandardServices& services) {
+  Listed<ZOLDrwStdSheetFormat> out;
+  ZOLDrwStdSheetFormat* items = nullptr;
+  out.hr = services.GetAvailableSheetFormats(&items, out.count);
+  out.items.reset(items);
+  return out;
+}
+
+// The result of the scale query and the scale, which starts at start.
+std::pair<long, double> ScaleOf(ZOLAnnStandardServices& services, double start = 0) {
+  long hr = services.GetSheetScale(start);
+  return {hr, start};
+}
+
+std::pair<long, int> VersionOf(ZOLAnnStandardServices& services) {
+  int version = 0;
+  long hr = services.GetVersion(version);
+  return {hr, version};
+}
+
+std::pair<long, std::string> ParentOf(ZOLAnnStandardServices& services) {
+  ZOLUnicodeString parent;
+  long hr = services.GetStandardParentName(parent);
+  return {hr, parent.str()};
+}
+
 }  // namespace
+
+using Scale = std::pair<long, double>;
+using Level = std::pair<long, int>;
+using Named = std::pair<long, std::string>;
 
 TEST(SheetStyles, FullStylesGiveZeroWithEveryPartAndTheirFormat) {
   QELSTD_REQUIRE_CODEC();
-  OneStandard s("Full", FullStandard());
-  ZOLTestReports r;
-  ZOLAnnStandardServices services(s.name.c_str());
-  ZOLDrwStdSheetStyle* styles = nullptr;
-  int count = 0;
-  EXPECT_EQ(services.GetAvailableSheetStyles(&styles, count), 0);
-  ASSERT_EQ(count, 2);
-  std::unique_ptr<ZOLDrwStdSheetStyle[]> owned(styles);
-  const ZOLDrwStdSheetStyle& d = styles[0];
+  Opened s("Full", FullStandard());
+  auto styles = SheetStyles(s.services);
+  EXPECT_EQ(styles.hr, 0);
+  ASSERT_EQ(styles.count, 2);
+  const ZOLDrwStdSheetStyle& d = styles.items[0];
   EXPECT_EQ(d.name.str(), "Default");
   EXPECT_EQ(d.scale, 1.0);
   EXPECT_EQ(d.projectionMethod, 1);
@@ -82,187 +132,141 @@ TEST(SheetStyles, FullStylesGiveZeroWithEveryPartAndTheirFormat) {
   EXPECT_EQ(d.format.name.str(), "A4 ISO");
   EXPECT_EQ(d.format.width, 210.5);
   EXPECT_EQ(d.format.orientation, PortraitByDefault);
-  EXPECT_EQ(styles[1].format.name.str(), "A0 ISO");
-  EXPECT_EQ(styles[1].scale, 0.5);
-  EXPECT_EQ(r.Count(), 0);
+  EXPECT_EQ(styles.items[1].format.name.str(), "A0 ISO");
+  EXPECT_EQ(styles.items[1].scale, 0.5);
+  EXPECT_EQ(s.r.Count(), 0);
 }
 
 TEST(SheetStyles, ScaleAndProjectionOnlyGiveOneWithEveryFlagClear) {
   QELSTD_REQUIRE_CODEC();
-  OneStandard s("Old", Standard(Version(290) + Formats() +
-                                Node("Styles", Node("Sheet", OldSheetStyle("Default", "2.0") +
-                                                                 Node("Positioned", Node("GlobalScale", "<std:floatval>3</std:floatval>") +
-                                                                                        Node("ProjectionMethod", Str("Third angle")) +
-                                                                                        Node("GenViewsPosMode", Str("FixedCG")))))));
-  ZOLTestReports r;
-  ZOLAnnStandardServices services(s.name.c_str());
-  ZOLDrwStdSheetStyle* styles = nullptr;
-  int count = 0;
-  EXPECT_EQ(services.GetAvailableSheetStyles(&styles, count), 1);
-  ASSERT_EQ(count, 2);
-  std::unique_ptr<ZOLDrwStdSheetStyle[]> owned(styles);
-  EXPECT_EQ(styles[0].scale, 2.0);
-  EXPECT_EQ(styles[0].projectionMethod, 0);
-  EXPECT_FALSE(styles[0].hasFormat || styles[0].hasOrientation || styles[0].hasDisplayFormat ||
-               styles[0].hasGenViewsPosMode);
-  EXPECT_TRUE(styles[1].hasGenViewsPosMode);
-  EXPECT_EQ(styles[1].genViewsPosMode, 0);
-  EXPECT_EQ(r.Count(), 0);
+  Opened s("Old", Standard(Version(290) + Formats() +
+                           Node("Styles", Node("Sheet", OldSheetStyle("Default", "2.0") +
+                                                            Node("Positioned", Node("GlobalScale", "<std:floatval>3</std:floatval>") +
+                                                                                   Node("ProjectionMethod", Str("Third angle")) +
+                                                                                   Node("GenViewsPosMode", Str("FixedCG")))))));
+  auto styles = SheetStyles(s.services);
+  EXPECT_EQ(styles.hr, 1);
+  ASSERT_EQ(styles.count, 2);
+  EXPECT_EQ(styles.items[0].scale, 2.0);
+  EXPECT_EQ(styles.items[0].projectionMethod, 0);
+  EXPECT_FALSE(styles.items[0].hasFormat || styles.items[0].hasOrientation || styles.items[0].hasDisplayFormat ||
+               styles.items[0].hasGenViewsPosMode);
+  EXPECT_TRUE(styles.items[1].hasGenViewsPosMode);
+  EXPECT_EQ(styles.items[1].genViewsPosMode, 0);
+  EXPECT_EQ(s.r.Count(), 0);
 }
 
 TEST(SheetStyles, StyleWithSomeButNotAllPartsIsABadStructure) {
   QELSTD_REQUIRE_CODEC();
-  OneStandard s("Partial", Standard(Version(290) + Formats() +
-                                    Node("Styles", Node("Sheet", Node("Default", Node("GlobalScale", "<std:floatval>1</std:floatval>") +
-                                                                                     Node("Orientation", Str("Portrait")))))));
-  ZOLTestReports r;
-  ZOLAnnStandardServices services(s.name.c_str());
+  Opened s("Partial", Standard(Version(290) + Formats() +
+                               Node("Styles", Node("Sheet", Node("Default", Node("GlobalScale", "<std:floatval>1</std:floatval>") +
+                                                                                Node("Orientation", Str("Portrait")))))));
   ZOLDrwStdSheetStyle sentinel;
   ZOLDrwStdSheetStyle* styles = &sentinel;
   int count = 0;
-  EXPECT_EQ(services.GetAvailableSheetStyles(&styles, count), E_FAIL);
+  EXPECT_EQ(s.services.GetAvailableSheetStyles(&styles, count), E_FAIL);
   EXPECT_EQ(styles, &sentinel) << "the output stays as it was";
-  EXPECT_EQ(r.CountContaining("Bad xml structure"), 2) << "the style, then the list";
-  EXPECT_EQ(r.Count(), 2);
+  EXPECT_EQ(s.r.CountContaining("Bad xml structure"), 2) << "the style, then the list";
+  EXPECT_EQ(s.r.Count(), 2);
 }
 
 TEST(SheetFormats, EveryRecordReadWithLocaleIndependentSizes) {
   QELSTD_REQUIRE_CODEC();
-  OneStandard s("Full", FullStandard());
-  ZOLTestReports r;
-  ZOLAnnStandardServices services(s.name.c_str());
-  ZOLDrwStdSheetFormat* formats = nullptr;
-  int count = 0;
-  ASSERT_EQ(services.GetAvailableSheetFormats(&formats, count), S_OK);
-  std::unique_ptr<ZOLDrwStdSheetFormat[]> owned(formats);
-  ASSERT_EQ(count, 2);
-  EXPECT_EQ(formats[0].name.str(), "A0 ISO");
-  EXPECT_EQ(formats[0].width, 1189.0);
-  EXPECT_EQ(formats[0].height, 841.0);
-  EXPECT_EQ(formats[0].orientation, LandscapeOnly);
-  EXPECT_EQ(formats[1].width, 210.5);
-  EXPECT_EQ(formats[1].reserved, 0);
-  EXPECT_EQ(r.Count(), 0);
+  Opened s("Full", FullStandard());
+  auto formats = SheetFormats(s.services);
+  ASSERT_EQ(formats.hr, S_OK);
+  ASSERT_EQ(formats.count, 2);
+  EXPECT_EQ(formats.items[0].name.str(), "A0 ISO");
+  EXPECT_EQ(formats.items[0].width, 1189.0);
+  EXPECT_EQ(formats.items[0].height, 841.0);
+  EXPECT_EQ(formats.items[0].orientation, LandscapeOnly);
+  EXPECT_EQ(formats.items[1].width, 210.5);
+  EXPECT_EQ(formats.items[1].reserved, 0);
+  EXPECT_EQ(s.r.Count(), 0);
 }
 
 TEST(SheetFormats, RecordOfThreeValuesFailsTheWholeList) {
   QELSTD_REQUIRE_CODEC();
-  OneStandard s("Three", Standard(Version(290) + Node("SheetFormat", Format("A0 ISO", "1189", "841", "LandscapeOnly") +
-                                                                          Format("A1 ISO", "841", "594", "", false))));
-  ZOLTestReports r;
-  ZOLAnnStandardServices services(s.name.c_str());
-  ZOLDrwStdSheetFormat* formats = nullptr;
-  int count = 0;
-  EXPECT_EQ(services.GetAvailableSheetFormats(&formats, count), E_FAIL);
-  EXPECT_EQ(formats, nullptr);
-  EXPECT_EQ(r.CountContaining("Bad xml structure"), 1);
-  EXPECT_EQ(r.Count(), 1);
+  Opened s("Three", Standard(Version(290) + Node("SheetFormat", Format("A0 ISO", "1189", "841", "LandscapeOnly") +
+                                                                     Format("A1 ISO", "841", "594", "", false))));
+  auto formats = SheetFormats(s.services);
+  EXPECT_EQ(formats.hr, E_FAIL);
+  EXPECT_EQ(formats.items, nullptr);
+  EXPECT_EQ(s.r.CountContaining("Bad xml structure"), 1);
+  EXPECT_EQ(s.r.Count(), 1);
 }
 
 TEST(SheetFormats, UnknownOrientationOrSizeThatDoesNotScanIsABadRecord) {
   QELSTD_REQUIRE_CODEC();
-  OneStandard s("Bad", Standard(Version(290) + Node("SheetFormat", Format("A0 ISO", "wide", "841", "LandscapeOnly") +
-                                                                        Format("A1 ISO", "841", "594", "Sideways"))));
-  ZOLTestReports r;
-  ZOLAnnStandardServices services(s.name.c_str());
-  ZOLDrwStdSheetFormat* formats = nullptr;
-  int count = 0;
-  EXPECT_EQ(services.GetAvailableSheetFormats(&formats, count), E_FAIL);
-  EXPECT_EQ(count, 2);
-  EXPECT_EQ(r.CountContaining("Bad xml structure"), 3) << "each record, then the list";
+  Opened s("Bad", Standard(Version(290) + Node("SheetFormat", Format("A0 ISO", "wide", "841", "LandscapeOnly") +
+                                                                   Format("A1 ISO", "841", "594", "Sideways"))));
+  auto formats = SheetFormats(s.services);
+  EXPECT_EQ(formats.hr, E_FAIL);
+  EXPECT_EQ(formats.count, 2);
+  EXPECT_EQ(s.r.CountContaining("Bad xml structure"), 3) << "each record, then the list";
 }
 
 TEST(VersionThresholds, LevelFiftyHasSheetStylesButNoSheetFormats) {
   QELSTD_REQUIRE_CODEC();
-  OneStandard s("R13", Release13Standard());
-  ZOLTestReports r;
-  ZOLAnnStandardServices services(s.name.c_str());
-  int version = 0;
-  EXPECT_EQ(services.GetVersion(version), S_OK);
-  EXPECT_EQ(version, 50);
-  ZOLDrwStdSheetFormat* formats = nullptr;
-  int count = -1;
-  EXPECT_EQ(services.GetAvailableSheetFormats(&formats, count), E_FAIL);
-  EXPECT_EQ(count, -1) << "refused before looking at the tree";
-  ZOLDrwStdSheetStyle* styles = nullptr;
-  EXPECT_EQ(services.GetAvailableSheetStyles(&styles, count), 1);
-  delete[] styles;
-  double scale = 0;
-  EXPECT_EQ(services.GetSheetScale(scale), S_OK);
-  EXPECT_EQ(scale, 2.0);
-  EXPECT_EQ(services.IsSwitchable(50), 1);
-  EXPECT_EQ(services.IsSwitchable(60), 0);
-  EXPECT_EQ(services.CheckXMLStructure(), 0) << "below level 60 the sheet styles are not checked";
-  EXPECT_EQ(r.Count(), 0);
+  Opened s("R13", Release13Standard());
+  EXPECT_EQ(VersionOf(s.services), Level(S_OK, 50));
+  auto formats = SheetFormats(s.services);
+  EXPECT_EQ(formats.hr, E_FAIL);
+  EXPECT_EQ(formats.count, -1) << "refused before looking at the tree";
+  EXPECT_EQ(SheetStyles(s.services).hr, 1);
+  EXPECT_EQ(ScaleOf(s.services), Scale(S_OK, 2.0));
+  EXPECT_EQ(s.services.IsSwitchable(50), 1);
+  EXPECT_EQ(s.services.IsSwitchable(60), 0);
+  EXPECT_EQ(s.services.CheckXMLStructure(), 0) << "below level 60 the sheet styles are not checked";
+  EXPECT_EQ(s.r.Count(), 0);
 }
 
 TEST(VersionThresholds, LevelBelowThirtyHasNoSheetStyles) {
   QELSTD_REQUIRE_CODEC();
   // Release 10: Annotation without Styles.
-  OneStandard s("R10", Standard(Node("Annotation", "") + Parent("ISO")));
-  ZOLTestReports r;
-  ZOLAnnStandardServices services(s.name.c_str());
-  ZOLDrwStdSheetStyle* styles = nullptr;
-  int count = -1;
-  EXPECT_EQ(services.GetAvailableSheetStyles(&styles, count), E_FAIL);
+  Opened s("R10", Standard(Node("Annotation", "") + Parent("ISO")));
+  auto styles = SheetStyles(s.services);
+  EXPECT_EQ(styles.hr, E_FAIL);
   ZOLDrwStdSheetStyle style;
-  EXPECT_EQ(services.GetDefaultSheetStyle(style), E_FAIL);
-  EXPECT_EQ(count, -1);
-  int version = 0;
-  EXPECT_EQ(services.GetVersion(version), S_OK);
-  EXPECT_EQ(version, 2);
-  EXPECT_EQ(r.Count(), 0);
+  EXPECT_EQ(s.services.GetDefaultSheetStyle(style), E_FAIL);
+  EXPECT_EQ(styles.count, -1);
+  EXPECT_EQ(VersionOf(s.services), Level(S_OK, 2));
+  EXPECT_EQ(s.r.Count(), 0);
 }
 
 TEST(SheetQueries, DefaultStyleScaleAndParent) {
   QELSTD_REQUIRE_CODEC();
-  OneStandard s("Full", FullStandard("0.25"));
-  ZOLTestReports r;
-  ZOLAnnStandardServices services(s.name.c_str());
+  Opened s("Full", FullStandard("0.25"));
   ZOLDrwStdSheetStyle style;
-  EXPECT_EQ(services.GetDefaultSheetStyle(style), 0);
+  EXPECT_EQ(s.services.GetDefaultSheetStyle(style), 0);
   EXPECT_EQ(style.name.str(), "Default");
-  double scale = 0;
-  EXPECT_EQ(services.GetSheetScale(scale), S_OK);
-  EXPECT_EQ(scale, 0.25);
-  ZOLUnicodeString parent;
-  EXPECT_EQ(services.GetStandardParentName(parent), S_OK);
-  EXPECT_EQ(parent.str(), "JIS");
-  EXPECT_EQ(services.CheckXMLStructure(), 0);
-  EXPECT_EQ(r.Count(), 0);
+  EXPECT_EQ(ScaleOf(s.services), Scale(S_OK, 0.25));
+  EXPECT_EQ(ParentOf(s.services), Named(S_OK, "JIS"));
+  EXPECT_EQ(s.services.CheckXMLStructure(), 0);
+  EXPECT_EQ(s.r.Count(), 0);
 }
 
 TEST(SheetQueries, ScaleThatIsNoNumberStillAnswersAndLeavesTheScale) {
   QELSTD_REQUIRE_CODEC();
-  OneStandard s("Full", FullStandard("big"));
-  ZOLTestReports r;
-  ZOLAnnStandardServices services(s.name.c_str());
-  double scale = 7.0;
-  EXPECT_EQ(services.GetSheetScale(scale), S_OK);
-  EXPECT_EQ(scale, 7.0);
+  Opened s("Full", FullStandard("big"));
+  EXPECT_EQ(ScaleOf(s.services, 7.0), Scale(S_OK, 7.0));
 }
 
 TEST(CheckXMLStructure, StandardWithoutSheetStylesIsReported) {
   QELSTD_REQUIRE_CODEC();
-  OneStandard s("NoStyles", Standard(Version(290) + Parent("ISO") + Formats() + Node("Styles", Node("Sheet", ""))));
-  ZOLTestReports r;
-  ZOLAnnStandardServices services(s.name.c_str());
-  EXPECT_EQ(services.CheckXMLStructure(), 1);
-  EXPECT_EQ(r.CountContaining("The R14 sheet styles are corrupted"), 1);
-  EXPECT_EQ(r.Count(), 1);
+  Opened s("NoStyles", Standard(Version(290) + Parent("ISO") + Formats() + Node("Styles", Node("Sheet", ""))));
+  EXPECT_EQ(s.services.CheckXMLStructure(), 1);
+  EXPECT_EQ(s.r.CountContaining("The R14 sheet styles are corrupted"), 1);
+  EXPECT_EQ(s.r.Count(), 1);
 }
 
 TEST(CheckXMLStructure, VersionThatCannotBeToldIsReported) {
   QELSTD_REQUIRE_CODEC();
-  OneStandard s("BadVersion", Standard(Version(100) + Parent("ISO")));
-  ZOLTestReports r;
-  ZOLAnnStandardServices services(s.name.c_str());
-  int version = 0;
-  EXPECT_EQ(services.GetVersion(version), E_FAIL);
-  EXPECT_EQ(version, -1);
-  r.Clear();
-  EXPECT_EQ(services.CheckXMLStructure(), 1);
-  EXPECT_EQ(r.CountContaining("The version of the file could not be d"), 1);
+  Opened s("BadVersion", Standard(Version(100) + Parent("ISO")));
+  EXPECT_EQ(VersionOf(s.services), Level(E_FAIL, -1));
+  s.r.Clear();
+  EXPECT_EQ(s.services.CheckXMLStructure(), 1);
+  EXPECT_EQ(s.r.CountContaining("The version of the file could not be d"), 1);
 }
 
 TEST(UnreadableStandard, ObjectWithoutParserAnswersFailure) {
@@ -272,13 +276,10 @@ TEST(UnreadableStandard, ObjectWithoutParserAnswersFailure) {
   env.Set("ADL_ODT_OUT", work.Path());
   ZOLTestReports r;
   ZOLAnnStandardServices services("NoSuchStandard");
-  int version = 0;
-  EXPECT_EQ(services.GetVersion(version), E_FAIL);
+  EXPECT_EQ(VersionOf(services).first, E_FAIL);
   EXPECT_EQ(services.IsSwitchable(1), 0);
-  ZOLUnicodeString parent;
-  EXPECT_EQ(services.GetStandardParentName(parent), E_FAIL);
-  double scale = 0;
-  EXPECT_EQ(services.GetSheetScale(scale), E_FAIL);
+  EXPECT_EQ(ParentOf(services).first, E_FAIL);
+  EXPECT_EQ(ScaleOf(services).first, E_FAIL);
   EXPECT_EQ(r.Count(), 0);
   EXPECT_EQ(services.CheckXMLStructure(), E_FAIL);
   EXPECT_EQ(r.CountContaining("No parser available"), 1);
@@ -298,9 +299,7 @@ TEST(ParserCache, UnchangedFileIsServedFromTheCacheWithoutReading) {
   s.Rewrite(FullStandard("0.5"), 1000000000);
   ZOLAnnStandardServices hit(s.name.c_str());
   EXPECT_EQ(hit.IsCached(), 1);
-  double scale = 0;
-  EXPECT_EQ(hit.GetSheetScale(scale), S_OK);
-  EXPECT_EQ(scale, 1.0);
+  EXPECT_EQ(ScaleOf(hit), Scale(S_OK, 1.0));
 }
 
 TEST(ParserCache, NewModificationTimeReadsTheFileAndEarlierObjectsKeepTheirParser) {
@@ -309,19 +308,12 @@ TEST(ParserCache, NewModificationTimeReadsTheFileAndEarlierObjectsKeepTheirParse
   auto older = std::make_unique<ZOLAnnStandardServices>(s.name.c_str());
   s.Rewrite(FullStandard("0.5"), 1000000100);
   ZOLAnnStandardServices newer(s.name.c_str());
-  double scale = 0;
-  EXPECT_EQ(newer.GetSheetScale(scale), S_OK);
-  EXPECT_EQ(scale, 0.5);
+  EXPECT_EQ(ScaleOf(newer), Scale(S_OK, 0.5));
   // The cache now holds the newer parser; the older object still reads its own.
-  EXPECT_EQ(older->GetSheetScale(scale), S_OK);
-  EXPECT_EQ(scale, 1.0);
-  ZOLDrwStdSheetStyle* styles = nullptr;
-  int count = 0;
-  EXPECT_EQ(older->GetAvailableSheetStyles(&styles, count), 0);
-  delete[] styles;
+  EXPECT_EQ(ScaleOf(*older), Scale(S_OK, 1.0));
+  EXPECT_EQ(SheetStyles(*older).hr, 0);
   older.reset();
-  EXPECT_EQ(newer.GetSheetScale(scale), S_OK);
-  EXPECT_EQ(scale, 0.5);
+  EXPECT_EQ(ScaleOf(newer), Scale(S_OK, 0.5));
 }
 
 TEST(SheetQueries, BuiltinStandardsPassTheStructureCheckWithFullSheetStyles) {
@@ -334,17 +326,13 @@ TEST(SheetQueries, BuiltinStandardsPassTheStructureCheckWithFullSheetStyles) {
   for (const char* name : {"ISO", "JIS", "ANSI-ASME"}) {
     ZOLAnnStandardServices services(name);
     EXPECT_EQ(services.CheckXMLStructure(), 0) << name;
-    ZOLDrwStdSheetFormat* formats = nullptr;
-    int count = 0;
-    EXPECT_EQ(services.GetAvailableSheetFormats(&formats, count), S_OK) << name;
-    EXPECT_GE(count, 1) << name;
-    delete[] formats;
+    auto formats = SheetFormats(services);
+    EXPECT_EQ(formats.hr, S_OK) << name;
+    EXPECT_GE(formats.count, 1) << name;
     ZOLDrwStdSheetStyle style;
     EXPECT_EQ(services.GetDefaultSheetStyle(style), 0) << name;
     EXPECT_TRUE(style.hasFormat) << name;
-    ZOLUnicodeString parent;
-    EXPECT_EQ(services.GetStandardParentName(parent), S_OK);
-    EXPECT_EQ(parent.str(), std::string(name) == "ANSI-ASME" ? "ANSI" : name);
+    EXPECT_EQ(ParentOf(services), Named(S_OK, std::string(name) == "ANSI-ASME" ? "ANSI" : name));
   }
   EXPECT_EQ(r.Count(), 0);
 }
