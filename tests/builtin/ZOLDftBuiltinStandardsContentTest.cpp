@@ -40,120 +40,111 @@ int CountRecords(const ZOLAnnStandardXMLNode* branch, const std::string& field, 
   return n;
 }
 
+// One instance per built-in standard, decoded afresh.
+class EachBuiltin : public testing::TestWithParam<std::string> {
+protected:
+  void SetUp() override { p = Decode(name); }
+  const std::string& name = GetParam();
+  std::unique_ptr<ZOLAnnStandardXMLParser> p;
+};
+
 }  // namespace
 
-TEST(BuiltinStandard, DecodesAndPassesTheEnumerationCheck) {
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    ZOLTestReports reports;
-    EXPECT_EQ(p->Check(), 1) << name;
-    EXPECT_EQ(reports.Count(), 0) << name;
+INSTANTIATE_TEST_SUITE_P(BuiltinStandard, EachBuiltin, testing::ValuesIn(Standards()),
+                         [](const testing::TestParamInfo<std::string>& info) {
+                           std::string id = info.param;
+                           std::replace(id.begin(), id.end(), '-', '_');
+                           return id;
+                         });
+
+TEST_P(EachBuiltin, DecodesAndPassesTheEnumerationCheck) {
+  ZOLTestReports reports;
+  EXPECT_EQ(p->Check(), 1);
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST_P(EachBuiltin, IsOfVersion280) {
+  ZOLTestReports reports;
+  EXPECT_EQ(p->GetVersion(), 280);
+  EXPECT_EQ(reports.Count(), 0);
+}
+
+TEST_P(EachBuiltin, ParentAndDatumModeMakeAnsiReadAsAsme) {
+  EXPECT_EQ(Value(*p, "Root.Dimension.ParentStandard"), ByParent<std::string>(name, "ISO", "ANSI", "JIS"));
+  EXPECT_EQ(Value(*p, "Root.Dimension.TXTDatumMode"), ByParent<std::string>(name, "0", "1", "0"));
+}
+
+TEST_P(EachBuiltin, ReferenceNodesOfReleases10To18DateItAsCurrent) {
+  for (int release = 10; release <= 18; ++release) {
+    ZOLUnicodeString node;
+    ZOLDftStdPersistence::NodeStatus status;
+    ASSERT_EQ(ZOLDftStdPersistence::GetReferenceNodeForRelease(release, node, status), S_OK);
+    bool present = static_cast<bool>(At(*p, "Root." + node.str()));
+    EXPECT_EQ(present, status == ZOLDftStdPersistence::NodeAdded) << name << " release " << release;
   }
 }
 
-TEST(BuiltinStandard, IsOfVersion280) {
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    ZOLTestReports reports;
-    EXPECT_EQ(p->GetVersion(), 280) << name;
-    EXPECT_EQ(reports.Count(), 0);
-  }
+TEST_P(EachBuiltin, SavingAndDecodingAgainGivesTheSameTree) {
+  ZOLUnicodeString saved;
+  ZOLTestReports reports;
+  p->SaveInString(saved);
+  ZOLAnnStandardXMLParser again;
+  ASSERT_EQ(again.DecodeXML(saved, 0), 0);
+  EXPECT_EQ(reports.Count(), 0);
+  EXPECT_EQ(Dump(again.Root()), Dump(p->Root()));
+  EXPECT_EQ(Dump(again.EnumRoot()), Dump(p->EnumRoot()));
+  EXPECT_EQ(Dump(again.TypeDefRoot()), Dump(p->TypeDefRoot()));
 }
 
-TEST(BuiltinStandard, ParentAndDatumModeMakeAnsiReadAsAsme) {
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    EXPECT_EQ(Value(*p, "Root.Dimension.ParentStandard"), ByParent<std::string>(name, "ISO", "ANSI", "JIS"));
-    EXPECT_EQ(Value(*p, "Root.Dimension.TXTDatumMode"), ByParent<std::string>(name, "0", "1", "0"));
-  }
-}
-
-TEST(BuiltinStandard, ReferenceNodesOfReleases10To18DateItAsCurrent) {
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    for (int release = 10; release <= 18; ++release) {
-      ZOLUnicodeString node;
-      ZOLDftStdPersistence::NodeStatus status;
-      ASSERT_EQ(ZOLDftStdPersistence::GetReferenceNodeForRelease(release, node, status), S_OK);
-      bool present = static_cast<bool>(At(*p, "Root." + node.str()));
-      EXPECT_EQ(present, status == ZOLDftStdPersistence::NodeAdded) << name << " release " << release;
-    }
-  }
-}
-
-TEST(BuiltinStandard, SavingAndDecodingAgainGivesTheSameTree) {
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    ZOLUnicodeString saved;
-    ZOLTestReports reports;
-    p->SaveInString(saved);
-    ZOLAnnStandardXMLParser again;
-    ASSERT_EQ(again.DecodeXML(saved, 0), 0) << name;
-    EXPECT_EQ(reports.Count(), 0);
-    EXPECT_EQ(Dump(again.Root()), Dump(p->Root())) << name;
-    EXPECT_EQ(Dump(again.EnumRoot()), Dump(p->EnumRoot())) << name;
-    EXPECT_EQ(Dump(again.TypeDefRoot()), Dump(p->TypeDefRoot())) << name;
-  }
-}
-
-TEST(BuiltinStandard, HoldsItsEnumerationsAndThirteenRecordTypes) {
+TEST_P(EachBuiltin, HoldsItsEnumerationsAndThirteenRecordTypes) {
   const std::vector<std::string> typedefs = {"ToleranceDisplay", "NumericalDisplay", "ZOLThickness", "FrameDef", "AngleValue",
                                              "hatchings", "dottings", "colorings", "motifs", "Formats",
                                              "EngineeringSymbol", "BomProperties", "vector"};
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    EXPECT_EQ(p->EnumRoot()->GetNumOfNode(), ByParent(name, 65, 64, 64)) << name;
-    EXPECT_EQ(Names(p->TypeDefRoot()), typedefs) << name;
-    auto hatch = At(*p, "TypeDef.hatchings");
-    ASSERT_TRUE(hatch);
-    EXPECT_EQ(hatch->GetNumOfValue(), 63);
-    EXPECT_EQ(EnumLiterals(*p, "Frame").size(), 43u);
-    EXPECT_EQ(EnumLiterals(*p, "ArrowEndType").size(), 20u);
-  }
+  EXPECT_EQ(p->EnumRoot()->GetNumOfNode(), ByParent(name, 65, 64, 64));
+  EXPECT_EQ(Names(p->TypeDefRoot()), typedefs);
+  auto hatch = At(*p, "TypeDef.hatchings");
+  ASSERT_TRUE(hatch);
+  EXPECT_EQ(hatch->GetNumOfValue(), 63);
+  EXPECT_EQ(EnumLiterals(*p, "Frame").size(), 43u);
+  EXPECT_EQ(EnumLiterals(*p, "ArrowEndType").size(), 20u);
 }
 
-TEST(BuiltinStandard, HoldsTheSeventeenBranchesInOrder) {
+TEST_P(EachBuiltin, HoldsTheSeventeenBranchesInOrder) {
   const std::vector<std::string> branches = {"Styles", "General", "DressUp", "Dimension", "Annotation", "ToleranceFormats",
                                              "ValueFormats", "View", "Frames", "LineThickness", "Patterns", "LineTypes",
                                              "SheetFormat", "ViewsSet", "EngineeringSymbols", "StandardMode", "Version"};
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    EXPECT_EQ(Names(p->Root()), branches) << name;
-    EXPECT_EQ(Value(*p, "Root.StandardMode"), "Default");
-    EXPECT_EQ(Names(At(*p, "Root.General").get()),
-              (std::vector<std::string>{"AllowedToleranceFormats", "AllowedNumericalFormats", "AllowedTextFonts",
-                                        "AllowedTextFontSizes", "StandardUpdateMigration", "SheetColors", "ToleranceValue",
-                                        "StrokeFontPrintRatio"}));
-    EXPECT_EQ(Names(At(*p, "Root.Annotation").get()),
-              (std::vector<std::string>{"Text", "Roughness", "BlankBackground", "Welding", "Tolerance", "IndicatorEdge"}));
-    EXPECT_EQ(Names(At(*p, "Root.View").get()),
-              (std::vector<std::string>{"ViewName", "ViewText", "ScaleSeparator", "Generation"}));
-    EXPECT_EQ(Names(At(*p, "Root.View.ViewName").get()).size(), 13u);
-    EXPECT_EQ(Names(At(*p, "Root.Patterns").get()),
-              (std::vector<std::string>{"EditAvailability", "AngleList", "hatching", "motif", "coloring", "dotting", "vector"}));
-    EXPECT_EQ(At(*p, "Root.Patterns.hatching")->GetNumOfNode(), 15);
-    EXPECT_EQ(At(*p, "Root.Patterns.coloring")->GetNumOfNode(), 14);
-    EXPECT_EQ(Names(At(*p, "Root.ViewsSet").get()), (std::vector<std::string>{"ViewsBox", "NamingStrategy"}));
-    EXPECT_EQ(Names(At(*p, "Root.DressUp").get()), (std::vector<std::string>{"Thread", "Symbols"}));
-    auto symbols = Names(At(*p, "Root.DressUp.Symbols").get());
-    ASSERT_EQ(symbols.size(), 18u);
-    EXPECT_EQ(std::vector<std::string>(symbols.begin(), symbols.begin() + 4),
-              (std::vector<std::string>{"SimpleArrow", "FilledArrow", "ClosedArrow", "SymetricArrow"}));
-  }
+  EXPECT_EQ(Names(p->Root()), branches);
+  EXPECT_EQ(Value(*p, "Root.StandardMode"), "Default");
+  EXPECT_EQ(Names(At(*p, "Root.General").get()),
+            (std::vector<std::string>{"AllowedToleranceFormats", "AllowedNumericalFormats", "AllowedTextFonts",
+                                      "AllowedTextFontSizes", "StandardUpdateMigration", "SheetColors", "ToleranceValue",
+                                      "StrokeFontPrintRatio"}));
+  EXPECT_EQ(Names(At(*p, "Root.Annotation").get()),
+            (std::vector<std::string>{"Text", "Roughness", "BlankBackground", "Welding", "Tolerance", "IndicatorEdge"}));
+  EXPECT_EQ(Names(At(*p, "Root.View").get()),
+            (std::vector<std::string>{"ViewName", "ViewText", "ScaleSeparator", "Generation"}));
+  EXPECT_EQ(Names(At(*p, "Root.View.ViewName").get()).size(), 13u);
+  EXPECT_EQ(Names(At(*p, "Root.Patterns").get()),
+            (std::vector<std::string>{"EditAvailability", "AngleList", "hatching", "motif", "coloring", "dotting", "vector"}));
+  EXPECT_EQ(At(*p, "Root.Patterns.hatching")->GetNumOfNode(), 15);
+  EXPECT_EQ(At(*p, "Root.Patterns.coloring")->GetNumOfNode(), 14);
+  EXPECT_EQ(Names(At(*p, "Root.ViewsSet").get()), (std::vector<std::string>{"ViewsBox", "NamingStrategy"}));
+  EXPECT_EQ(Names(At(*p, "Root.DressUp").get()), (std::vector<std::string>{"Thread", "Symbols"}));
+  auto symbols = Names(At(*p, "Root.DressUp.Symbols").get());
+  ASSERT_EQ(symbols.size(), 18u);
+  EXPECT_EQ(std::vector<std::string>(symbols.begin(), symbols.begin() + 4),
+            (std::vector<std::string>{"SimpleArrow", "FilledArrow", "ClosedArrow", "SymetricArrow"}));
 }
 
-TEST(BuiltinStandard, DimensionHoldsTheLegacyParametersStartingWithTheParent) {
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    auto dimension = Names(At(*p, "Root.Dimension").get());
-    ASSERT_EQ(dimension.size(), 102u) << name;
-    EXPECT_EQ(dimension.front(), "ParentStandard");
-    EXPECT_EQ(dimension[19], "DIMTolMultiAuto");
-    EXPECT_TRUE(At(*p, "Root.Dimension.CurvilinearLengthSymbol.STDDimDisplayArcSymbol"));
-  }
+TEST_P(EachBuiltin, DimensionHoldsTheLegacyParametersStartingWithTheParent) {
+  auto dimension = Names(At(*p, "Root.Dimension").get());
+  ASSERT_EQ(dimension.size(), 102u);
+  EXPECT_EQ(dimension.front(), "ParentStandard");
+  EXPECT_EQ(dimension[19], "DIMTolMultiAuto");
+  EXPECT_TRUE(At(*p, "Root.Dimension.CurvilinearLengthSymbol.STDDimDisplayArcSymbol"));
 }
 
-TEST(BuiltinStandard, StyleKindsStandInOrderEachWithItsStyles) {
+TEST_P(EachBuiltin, StyleKindsStandInOrderEachWithItsStyles) {
   const std::vector<std::string> kinds = {
       "Sheet", "ConstructionPoint", "ConstructionCurve", "Point", "Curve", "DistanceLengthDimension",
       "CurvilinearLengthDimension", "AngleDimension", "RadiusDimension", "DiameterDimension", "ChamferDimension",
@@ -162,23 +153,20 @@ TEST(BuiltinStandard, StyleKindsStandInOrderEachWithItsStyles) {
       "ProjectionCallout", "SectionCallout", "DetailCallout", "DimensionsSystem", "BomStyle", "BillOfMaterial"};
   const std::set<std::string> dimensions = {"DistanceLengthDimension", "CurvilinearLengthDimension", "AngleDimension",
                                             "RadiusDimension", "DiameterDimension", "ChamferDimension"};
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    auto styles = At(*p, "Root.Styles");
-    ASSERT_EQ(Names(styles.get()), kinds) << name;
-    for (auto* kind : styles->SubNodes()) {
-      const std::string& k = kind->Name().str();
-      if (k == "Sheet") continue;
-      std::vector<std::string> expected = {"Default"};
-      if (dimensions.count(k)) expected.push_back(ByParent<std::string>(name, "TED", "BasicDimension", "TED"));
-      if (k == "Text") expected.push_back("ViewText");
-      EXPECT_EQ(Names(kind), expected) << name << " " << k;
-    }
-    EXPECT_EQ(Value(*p, "Root.Styles.DistanceLengthDimension." + ByParent<std::string>(name, "TED", "BasicDimension", "TED") +
-                            ".Framing.Frame"),
-              "Rectangle");
-    EXPECT_EQ(Value(*p, "Root.Styles.Text.ViewText.Text.Justification"), "Center");
+  auto styles = At(*p, "Root.Styles");
+  ASSERT_EQ(Names(styles.get()), kinds);
+  for (auto* kind : styles->SubNodes()) {
+    const std::string& k = kind->Name().str();
+    if (k == "Sheet") continue;
+    std::vector<std::string> expected = {"Default"};
+    if (dimensions.count(k)) expected.push_back(ByParent<std::string>(name, "TED", "BasicDimension", "TED"));
+    if (k == "Text") expected.push_back("ViewText");
+    EXPECT_EQ(Names(kind), expected) << name << " " << k;
   }
+  EXPECT_EQ(Value(*p, "Root.Styles.DistanceLengthDimension." + ByParent<std::string>(name, "TED", "BasicDimension", "TED") +
+                          ".Framing.Frame"),
+            "Rectangle");
+  EXPECT_EQ(Value(*p, "Root.Styles.Text.ViewText.Text.Justification"), "Center");
 }
 
 TEST(BuiltinStandard, TextStyleTreeHasItsGroupsAndFontSize) {
@@ -194,29 +182,26 @@ TEST(BuiltinStandard, TextStyleTreeHasItsGroupsAndFontSize) {
             (std::vector<std::string>{"FrameName", "Fill", "FillColor", "HorizontalMargin", "VerticalMargin"}));
 }
 
-TEST(BuiltinStandard, SheetStylesNameExistingFormatsOfFourValues) {
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    auto sheet = At(*p, "Root.Styles.Sheet");
-    auto formats = At(*p, "Root.SheetFormat");
-    ASSERT_TRUE(sheet && formats);
-    EXPECT_EQ(sheet->GetNumOfNode(), ByParent(name, 8, 9, 8)) << name;
-    EXPECT_EQ(formats->GetNumOfNode(), ByParent(name, 8, 9, 8)) << name;
-    std::set<std::string> formatNames;
-    for (auto* f : formats->SubNodes()) {
-      EXPECT_EQ(f->GetNumOfValue(), 4) << name;
-      formatNames.insert(f->Values()[0]->Value().str());
-    }
-    for (auto* style : sheet->SubNodes()) {
-      EXPECT_EQ(Names(style), (std::vector<std::string>{"GlobalScale", "ProjectionMethod", "GenViewsPosMode", "Format",
-                                                          "Orientation", "DisplayFormat"}));
-      auto format = At(*p, "Root.Styles.Sheet." + style->Name().str() + ".Format");
-      EXPECT_EQ(formatNames.count(format->Values()[0]->Value().str()), 1u) << name << " " << style->Name().str();
-    }
-    auto scale = At(*p, "Root.Styles.Sheet." + sheet->SubNodes()[0]->Name().str() + ".GlobalScale");
-    EXPECT_EQ(scale->Values()[0]->GetRangeVal(), 1);
-    EXPECT_EQ(scale->Values()[0]->Name().str(), "0.0");
+TEST_P(EachBuiltin, SheetStylesNameExistingFormatsOfFourValues) {
+  auto sheet = At(*p, "Root.Styles.Sheet");
+  auto formats = At(*p, "Root.SheetFormat");
+  ASSERT_TRUE(sheet && formats);
+  EXPECT_EQ(sheet->GetNumOfNode(), ByParent(name, 8, 9, 8));
+  EXPECT_EQ(formats->GetNumOfNode(), ByParent(name, 8, 9, 8));
+  std::set<std::string> formatNames;
+  for (auto* f : formats->SubNodes()) {
+    EXPECT_EQ(f->GetNumOfValue(), 4);
+    formatNames.insert(f->Values()[0]->Value().str());
   }
+  for (auto* style : sheet->SubNodes()) {
+    EXPECT_EQ(Names(style), (std::vector<std::string>{"GlobalScale", "ProjectionMethod", "GenViewsPosMode", "Format",
+                                                        "Orientation", "DisplayFormat"}));
+    auto format = At(*p, "Root.Styles.Sheet." + style->Name().str() + ".Format");
+    EXPECT_EQ(formatNames.count(format->Values()[0]->Value().str()), 1u) << name << " " << style->Name().str();
+  }
+  auto scale = At(*p, "Root.Styles.Sheet." + sheet->SubNodes()[0]->Name().str() + ".GlobalScale");
+  EXPECT_EQ(scale->Values()[0]->GetRangeVal(), 1);
+  EXPECT_EQ(scale->Values()[0]->Name().str(), "0.0");
 }
 
 TEST(BuiltinStandard, DefaultSheetStyleIsTheFirstFormat) {
@@ -229,77 +214,68 @@ TEST(BuiltinStandard, DefaultSheetStyleIsTheFirstFormat) {
   EXPECT_EQ(reports.Count(), 0);
 }
 
-TEST(BuiltinStandard, TablesHoldTheirCounts) {
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    EXPECT_EQ(At(*p, "Root.ToleranceFormats")->GetNumOfNode(), 24) << name;
-    EXPECT_EQ(At(*p, "Root.ValueFormats")->GetNumOfNode(), 22) << name;
-    EXPECT_EQ(At(*p, "Root.Frames")->GetNumOfNode(), 21) << name;
-    EXPECT_EQ(At(*p, "Root.LineThickness")->GetNumOfNode(), 55) << name;
-    EXPECT_EQ(At(*p, "Root.EngineeringSymbols")->GetNumOfNode(), ByParent(name, 172, 165, 172)) << name;
-    auto lineTypes = Names(At(*p, "Root.LineTypes").get());
-    ASSERT_EQ(lineTypes.size(), 64u);
-    for (int i = 0; i < 63; ++i) EXPECT_EQ(lineTypes[static_cast<size_t>(i)], "LineType" + std::to_string(i + 1));
-    EXPECT_EQ(lineTypes.back(), "font");
-    EXPECT_EQ(At(*p, "Root.General.AllowedTextFontSizes")->GetNumOfValue(), ByParent(name, 107, 114, 112));
-    EXPECT_EQ(At(*p, "Root.General.AllowedToleranceFormats")->GetNumOfValue(), 50);
-    EXPECT_EQ(At(*p, "Root.General.AllowedNumericalFormats")->GetNumOfValue(), 50);
-    EXPECT_EQ(At(*p, "Root.General.AllowedTextFonts")->GetNumOfValue(), 100);
-  }
+TEST_P(EachBuiltin, TablesHoldTheirCounts) {
+  EXPECT_EQ(At(*p, "Root.ToleranceFormats")->GetNumOfNode(), 24);
+  EXPECT_EQ(At(*p, "Root.ValueFormats")->GetNumOfNode(), 22);
+  EXPECT_EQ(At(*p, "Root.Frames")->GetNumOfNode(), 21);
+  EXPECT_EQ(At(*p, "Root.LineThickness")->GetNumOfNode(), 55);
+  EXPECT_EQ(At(*p, "Root.EngineeringSymbols")->GetNumOfNode(), ByParent(name, 172, 165, 172));
+  auto lineTypes = Names(At(*p, "Root.LineTypes").get());
+  ASSERT_EQ(lineTypes.size(), 64u);
+  for (int i = 0; i < 63; ++i) EXPECT_EQ(lineTypes[static_cast<size_t>(i)], "LineType" + std::to_string(i + 1));
+  EXPECT_EQ(lineTypes.back(), "font");
+  EXPECT_EQ(At(*p, "Root.General.AllowedTextFontSizes")->GetNumOfValue(), ByParent(name, 107, 114, 112));
+  EXPECT_EQ(At(*p, "Root.General.AllowedToleranceFormats")->GetNumOfValue(), 50);
+  EXPECT_EQ(At(*p, "Root.General.AllowedNumericalFormats")->GetNumOfValue(), 50);
+  EXPECT_EQ(At(*p, "Root.General.AllowedTextFonts")->GetNumOfValue(), 100);
 }
 
-TEST(BuiltinStandard, LineTypesCarryTheirSegmentsAndTheFontText) {
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    EXPECT_EQ(Value(*p, "Root.LineTypes.LineType1.Pattern"), "65535");
-    EXPECT_EQ(At(*p, "Root.LineTypes.LineType4.Segment")->GetNumOfValue(), 4);
-    int withoutSegment = 0;
-    for (auto* lt : At(*p, "Root.LineTypes")->SubNodes())
-      if (lt->Name().str() != "font") withoutSegment += !lt->FindNodeByName("Segment");
-    EXPECT_EQ(withoutSegment, ByParent(name, 1, 0, 1)) << name;
-    const std::string font = Value(*p, "Root.LineTypes.font");
-    EXPECT_EQ(font.rfind("60  60\n", 0), 0u);
-    EXPECT_NE(font.find("\n$ 0044  000 030  048 000  128 000  -32 -16  016 000  ;\n"), std::string::npos);
-    EXPECT_NE(font.find("\n$ 00C4  000 030  016 000  128 000  016 000  000 000  ;\n"), std::string::npos);
-    size_t glyphs = 0;
-    for (size_t at = font.find("\n$ "); at != std::string::npos; at = font.find("\n$ ", at + 1)) ++glyphs;
-    EXPECT_EQ(glyphs, 82u);
-    EXPECT_EQ(font.substr(font.size() - 48), "/                     ***********************\n/\n");
-  }
+TEST_P(EachBuiltin, LineTypesCarryTheirSegmentsAndTheFontText) {
+  EXPECT_EQ(Value(*p, "Root.LineTypes.LineType1.Pattern"), "65535");
+  EXPECT_EQ(At(*p, "Root.LineTypes.LineType4.Segment")->GetNumOfValue(), 4);
+  int withoutSegment = 0;
+  for (auto* lt : At(*p, "Root.LineTypes")->SubNodes())
+    if (lt->Name().str() != "font") withoutSegment += !lt->FindNodeByName("Segment");
+  EXPECT_EQ(withoutSegment, ByParent(name, 1, 0, 1));
+  const std::string font = Value(*p, "Root.LineTypes.font");
+  EXPECT_EQ(font.rfind("60  60\n", 0), 0u);
+  EXPECT_NE(font.find("\n$ 0044  000 030  048 000  128 000  -32 -16  016 000  ;\n"), std::string::npos);
+  EXPECT_NE(font.find("\n$ 00C4  000 030  016 000  128 000  016 000  000 000  ;\n"), std::string::npos);
+  size_t glyphs = 0;
+  for (size_t at = font.find("\n$ "); at != std::string::npos; at = font.find("\n$ ", at + 1)) ++glyphs;
+  EXPECT_EQ(glyphs, 82u);
+  EXPECT_EQ(font.substr(font.size() - 48), "/                     ***********************\n/\n");
 }
 
-TEST(BuiltinStandard, DiffersByParentAsTheTableOfDifferencesSays) {
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    EXPECT_EQ(Value(*p, "Root.Dimension.DIMLFlippedOverrun"), ByParent<std::string>(name, "5", "10.16", "5"));
-    EXPECT_EQ(Value(*p, "Root.Dimension.DIMLTextGap"), ByParent<std::string>(name, "0.5", "2.032", "3"));
-    EXPECT_EQ(Value(*p, "Root.Dimension.SYMBArrowSide"), ByParent<std::string>(name, "2", "3.2146", "2"));
-    EXPECT_EQ(Value(*p, "Root.Dimension.SYMBArrowAngle"), ByParent<std::string>(name, "30", "18", "30"));
-    auto sizes = At(*p, "Root.General.AllowedTextFontSizes");
-    std::string start;
-    for (int i = 0; i < 5; ++i) start += sizes->Values()[static_cast<size_t>(i)]->Value().str() + " ";
-    EXPECT_EQ(start, ByParent<std::string>(name, "2.5 3.5 5.0 7.0 10.0 ", "0.25 0.35 0.5 0.7 1.0 ", "2.24 2.5 3.15 3.5 4.5 "));
-    EXPECT_EQ(sizes->Values()[7]->Value().str(), ByParent<std::string>(name, "0.0", "2.5", "7.0"));
+TEST_P(EachBuiltin, DiffersByParentAsTheTableOfDifferencesSays) {
+  EXPECT_EQ(Value(*p, "Root.Dimension.DIMLFlippedOverrun"), ByParent<std::string>(name, "5", "10.16", "5"));
+  EXPECT_EQ(Value(*p, "Root.Dimension.DIMLTextGap"), ByParent<std::string>(name, "0.5", "2.032", "3"));
+  EXPECT_EQ(Value(*p, "Root.Dimension.SYMBArrowSide"), ByParent<std::string>(name, "2", "3.2146", "2"));
+  EXPECT_EQ(Value(*p, "Root.Dimension.SYMBArrowAngle"), ByParent<std::string>(name, "30", "18", "30"));
+  auto sizes = At(*p, "Root.General.AllowedTextFontSizes");
+  std::string start;
+  for (int i = 0; i < 5; ++i) start += sizes->Values()[static_cast<size_t>(i)]->Value().str() + " ";
+  EXPECT_EQ(start, ByParent<std::string>(name, "2.5 3.5 5.0 7.0 10.0 ", "0.25 0.35 0.5 0.7 1.0 ", "2.24 2.5 3.15 3.5 4.5 "));
+  EXPECT_EQ(sizes->Values()[7]->Value().str(), ByParent<std::string>(name, "0.0", "2.5", "7.0"));
 
-    auto symbols = At(*p, "Root.EngineeringSymbols");
-    EXPECT_EQ(CountRecords(symbols.get(), "Font", "KVISO1.otf"), ByParent(name, 170, 52, 170)) << name;
-    EXPECT_EQ(CountRecords(symbols.get(), "Font", "SYM2.font"), ByParent(name, 2, 1, 2)) << name;
-    EXPECT_EQ(CountRecords(symbols.get(), "Font", "SYM1.font"), ByParent(name, 0, 111, 0)) << name;
-    EXPECT_EQ(CountRecords(symbols.get(), "Name", "<CHECKMARK>"), ByParent(name, 1, 0, 1));
-    EXPECT_EQ(CountRecords(symbols.get(), "Name", "<BALLOTX>"), ByParent(name, 1, 0, 1));
-    EXPECT_EQ(CountRecords(symbols.get(), "Name", "<DynamicProfile>"), ByParent(name, 0, 1, 0));
+  auto symbols = At(*p, "Root.EngineeringSymbols");
+  EXPECT_EQ(CountRecords(symbols.get(), "Font", "KVISO1.otf"), ByParent(name, 170, 52, 170));
+  EXPECT_EQ(CountRecords(symbols.get(), "Font", "SYM2.font"), ByParent(name, 2, 1, 2));
+  EXPECT_EQ(CountRecords(symbols.get(), "Font", "SYM1.font"), ByParent(name, 0, 111, 0));
+  EXPECT_EQ(CountRecords(symbols.get(), "Name", "<CHECKMARK>"), ByParent(name, 1, 0, 1));
+  EXPECT_EQ(CountRecords(symbols.get(), "Name", "<BALLOTX>"), ByParent(name, 1, 0, 1));
+  EXPECT_EQ(CountRecords(symbols.get(), "Name", "<DynamicProfile>"), ByParent(name, 0, 1, 0));
 
-    auto welding = EnumLiterals(*p, "WeldingSymbol");
-    EXPECT_EQ(welding.size(), ByParent<size_t>(name, 27, 30, 27)) << name;
-    EXPECT_EQ(std::count(welding.begin(), welding.end(), "VFlareWelding"), ByParent(name, 0, 1, 0));
-    EXPECT_EQ(std::count(welding.begin(), welding.end(), "StudWelding"), ByParent(name, 0, 1, 0));
-    EXPECT_EQ(static_cast<bool>(At(*p, "Enum.WeldingSystemDisplay")), name == "ISO");
-    auto finishing = EnumLiterals(*p, "FinishingMethod");
-    ASSERT_GE(finishing.size(), 3u);
-    EXPECT_EQ(finishing[1], ByParent<std::string>(name, "Chipping", "Unspecified", "Chipping"));
-    EXPECT_EQ(EnumLiterals(*p, "SurfaceShape").size(), ByParent<size_t>(name, 5, 6, 5));
-    EXPECT_EQ(EnumLiterals(*p, "RoughnessType").size(), ByParent<size_t>(name, 4, 3, 3));
-  }
+  auto welding = EnumLiterals(*p, "WeldingSymbol");
+  EXPECT_EQ(welding.size(), ByParent<size_t>(name, 27, 30, 27));
+  EXPECT_EQ(std::count(welding.begin(), welding.end(), "VFlareWelding"), ByParent(name, 0, 1, 0));
+  EXPECT_EQ(std::count(welding.begin(), welding.end(), "StudWelding"), ByParent(name, 0, 1, 0));
+  EXPECT_EQ(static_cast<bool>(At(*p, "Enum.WeldingSystemDisplay")), name == "ISO");
+  auto finishing = EnumLiterals(*p, "FinishingMethod");
+  ASSERT_GE(finishing.size(), 3u);
+  EXPECT_EQ(finishing[1], ByParent<std::string>(name, "Chipping", "Unspecified", "Chipping"));
+  EXPECT_EQ(EnumLiterals(*p, "SurfaceShape").size(), ByParent<size_t>(name, 5, 6, 5));
+  EXPECT_EQ(EnumLiterals(*p, "RoughnessType").size(), ByParent<size_t>(name, 4, 3, 3));
 }
 
 TEST(BuiltinStandard, SheetFormatsHaveTheSizesOfTheirParent) {
@@ -336,15 +312,12 @@ TEST(BuiltinStandard, SharedBranchesAreEqualAcrossParents) {
   EXPECT_NE(Dump(At(*ansi, "Root.LineTypes").get()), Dump(At(*iso, "Root.LineTypes").get()));
 }
 
-TEST(BuiltinStandard, SymbolRowsAreNumberedFromOneAndCarryNineFields) {
-  for (auto& name : Standards()) {
-    auto p = Decode(name);
-    int position = 0;
-    for (auto* row : At(*p, "Root.EngineeringSymbols")->SubNodes()) {
-      ASSERT_EQ(row->GetNumOfValue(), 9) << name;
-      EXPECT_EQ(Field(row, "Position"), std::to_string(++position)) << name;
-      EXPECT_EQ(Field(row, "Icon16x16").size(), 44u) << Field(row, "Name");
-      EXPECT_EQ(Field(row, "Icon22x22").size(), 88u) << Field(row, "Name");
-    }
+TEST_P(EachBuiltin, SymbolRowsAreNumberedFromOneAndCarryNineFields) {
+  int position = 0;
+  for (auto* row : At(*p, "Root.EngineeringSymbols")->SubNodes()) {
+    ASSERT_EQ(row->GetNumOfValue(), 9);
+    EXPECT_EQ(Field(row, "Position"), std::to_string(++position));
+    EXPECT_EQ(Field(row, "Icon16x16").size(), 44u) << Field(row, "Name");
+    EXPECT_EQ(Field(row, "Icon22x22").size(), 88u) << Field(row, "Name");
   }
 }
