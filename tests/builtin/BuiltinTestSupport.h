@@ -72,4 +72,18 @@ inline std::string Dump(const ZOLAnnStandardXMLNode* node) {
   return out;
 }
 
+/// A test that runs once for each built-in standard, named after it.
+class EachStandard : public testing::TestWithParam<std::string> {
+protected:
+  const std::string& name = GetParam();
+};
+
+/// The standard's name as a test name: "ANSI-ASME" as "ANSI_ASME".
+inline std::string StandardTestName(const testing::TestParamInfo<std::string>& info) {
+  std::string id = info.param;
+  for (char& c : id)
+    if (c == '-') c = '_';
+  return id;
+}
+
 }  // namespace builtintest
