@@ -40,22 +40,16 @@ int CountRecords(const ZOLAnnStandardXMLNode* branch, const std::string& field, 
   return n;
 }
 
-// One instance per built-in standard, decoded afresh.
-class EachBuiltin : public testing::TestWithParam<std::string> {
+// Decoded afresh for each test.
+class EachBuiltin : public EachStandard {
 protected:
   void SetUp() override { p = Decode(name); }
-  const std::string& name = GetParam();
   std::unique_ptr<ZOLAnnStandardXMLParser> p;
 };
 
 }  // namespace
 
-INSTANTIATE_TEST_SUITE_P(BuiltinStandard, EachBuiltin, testing::ValuesIn(Standards()),
-                         [](const testing::TestParamInfo<std::string>& info) {
-                           std::string id = info.param;
-                           std::replace(id.begin(), id.end(), '-', '_');
-                           return id;
-                         });
+INSTANTIATE_TEST_SUITE_P(BuiltinStandard, EachBuiltin, testing::ValuesIn(Standards()), StandardTestName);
 
 TEST_P(EachBuiltin, DecodesAndPassesTheEnumerationCheck) {
   ZOLTestReports reports;
