@@ -38,53 +38,49 @@ int RunQelstd(const std::string& arguments) {
   return std::system((std::string("\"") + QELSTD_QELSTD_EXE + "\" " + arguments + " >/dev/null 2>&1").c_str());
 }
 
+using EachBuiltinText = EachStandard;
+
 }  // namespace
 
-TEST(BuiltinText, OpensWithTheDeclarationAndTheDraftingElement) {
+INSTANTIATE_TEST_SUITE_P(BuiltinText, EachBuiltinText, testing::ValuesIn(Standards()), StandardTestName);
+
+TEST_P(EachBuiltinText, OpensWithTheDeclarationAndTheDraftingElement) {
   const std::string head = std::string("<?xml version='1.0' ?>\n<std:node xmlns:std = \"") +
                            std::string(ZOLDftStdNamespaceURI) + "\" name = \"drafting\"><std:enumdef name = \"YesNo\">";
-  for (auto& name : Standards()) {
-    EXPECT_EQ(Text(name).rfind(head, 0), 0u) << name;
-    EXPECT_EQ(Text(name).substr(Text(name).size() - 11), "</std:node>") << name;
-  }
+  EXPECT_EQ(Text(name).rfind(head, 0), 0u);
+  EXPECT_EQ(Text(name).substr(Text(name).size() - 11), "</std:node>");
 }
 
-TEST(BuiltinText, HasLineEndsOnlyInTheFontTextAndNoBlanksBetweenElements) {
-  for (auto& name : Standards()) {
-    std::string body = WithoutFontText(Text(name)).substr(std::string("<?xml version='1.0' ?>\n").size());
-    EXPECT_EQ(body.find('\n'), std::string::npos) << name;
-    EXPECT_EQ(body.find('\t'), std::string::npos) << name;
-    // A value may be a single blank; between elements there is none.
-    for (size_t at = body.find("</"); at != std::string::npos; at = body.find("</", at + 2)) {
-      size_t end = body.find('>', at);
-      ASSERT_NE(end, std::string::npos);
-      EXPECT_TRUE(end + 1 == body.size() || body[end + 1] == '<') << name << " after " << body.substr(at, end - at + 1);
-    }
-    for (const char* open : {" <std:node", " <std:typeval", " <std:enumdef", " <std:typedef"})
-      EXPECT_EQ(body.find(open), std::string::npos) << name;
-    EXPECT_EQ(body.find("=\""), std::string::npos) << name;  // blanks around "=" everywhere
+TEST_P(EachBuiltinText, HasLineEndsOnlyInTheFontTextAndNoBlanksBetweenElements) {
+  std::string body = WithoutFontText(Text(name)).substr(std::string("<?xml version='1.0' ?>\n").size());
+  EXPECT_EQ(body.find('\n'), std::string::npos);
+  EXPECT_EQ(body.find('\t'), std::string::npos);
+  // A value may be a single blank; between elements there is none.
+  for (size_t at = body.find("</"); at != std::string::npos; at = body.find("</", at + 2)) {
+    size_t end = body.find('>', at);
+    ASSERT_NE(end, std::string::npos);
+    EXPECT_TRUE(end + 1 == body.size() || body[end + 1] == '<') << name << " after " << body.substr(at, end - at + 1);
   }
+  for (const char* open : {" <std:node", " <std:typeval", " <std:enumdef", " <std:typedef"})
+    EXPECT_EQ(body.find(open), std::string::npos);
+  EXPECT_EQ(body.find("=\""), std::string::npos);  // blanks around "=" everywhere
 }
 
-TEST(BuiltinText, IsAsciiAndEscapesOnlyTheLessThanSign) {
-  for (auto& name : Standards()) {
-    const std::string& text = Text(name);
-    EXPECT_TRUE(std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
-        << name;
-    size_t escapes = 0;
-    for (size_t at = text.find('&'); at != std::string::npos; at = text.find('&', at + 1)) {
-      EXPECT_EQ(text.compare(at, 4, "&lt;"), 0) << name << " at " << at;
-      ++escapes;
-    }
-    EXPECT_GT(escapes, 165u) << name;  // at least every symbol name
+TEST_P(EachBuiltinText, IsAsciiAndEscapesOnlyTheLessThanSign) {
+  const std::string& text = Text(name);
+  EXPECT_TRUE(std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+     ;
+  size_t escapes = 0;
+  for (size_t at = text.find('&'); at != std::string::npos; at = text.find('&', at + 1)) {
+    EXPECT_EQ(text.compare(at, 4, "&lt;"), 0) << name << " at " << at;
+    ++escapes;
   }
+  EXPECT_GT(escapes, 165u);  // at least every symbol name
 }
 
-TEST(BuiltinText, IsAboutFourHundredThirtyKilobytes) {
-  for (auto& name : Standards()) {
-    EXPECT_GT(Text(name).size(), 400000u) << name;
-    EXPECT_LT(Text(name).size(), 460000u) << name;
-  }
+TEST_P(EachBuiltinText, IsAboutFourHundredThirtyKilobytes) {
+  EXPECT_GT(Text(name).size(), 400000u);
+  EXPECT_LT(Text(name).size(), 460000u);
 }
 
 TEST(BuiltinStandards, NamesAreIsoAnsiAsmeJisInOrder) {
