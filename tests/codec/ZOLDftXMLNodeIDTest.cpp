@@ -31,10 +31,18 @@ ZOLIDOMElement_var Top(const ZOLIDOMDocument_var& doc) {
   return e;
 }
 
+// Every test ends with the reports it expects in all (none unless it says so).
+class XMLNodeID : public testing::Test {
+protected:
+  void TearDown() override { EXPECT_EQ(reports.Count(), expected); }
+  ZOLTestReports reports;
+  int expected = 0;
+};
+class XMLNodeIterator : public XMLNodeID {};
+
 }  // namespace
 
-TEST(XMLNodeID, NullIdentifiersAreEqualAndDifferFromAnyOther) {
-  ZOLTestReports reports;
+TEST_F(XMLNodeID, NullIdentifiersAreEqualAndDifferFromAnyOther) {
   ZOLDftXMLNodeID a, b;
   ZOLDftXMLNodeID c("urn:a", "node");
   EXPECT_TRUE(a.IsNULL());
@@ -44,22 +52,19 @@ TEST(XMLNodeID, NullIdentifiersAreEqualAndDifferFromAnyOther) {
   EXPECT_TRUE(c != ZOLDftXMLNodeID("urn:b", "node"));  // same local name, other namespace
   EXPECT_TRUE(c != ZOLDftXMLNodeID("urn:a", "Node"));
   EXPECT_EQ(c.ToString().str(), "<urn:a>node");
-  EXPECT_EQ(reports.Count(), 0);
 }
 
-TEST(XMLNodeID, EmptyLocalNameAndGettersOfTheNullIdentifierAreReported) {
-  ZOLTestReports reports;
+TEST_F(XMLNodeID, EmptyLocalNameAndGettersOfTheNullIdentifierAreReported) {
   ZOLDftXMLNodeID empty("urn:a", "");
   EXPECT_TRUE(empty.IsNULL());
   EXPECT_EQ(reports.CountContaining("Local name can't be empty"), 1);
   EXPECT_EQ(empty.GetNamespaceURI().str(), "");
   EXPECT_EQ(empty.GetLocalName().str(), "");
   EXPECT_EQ(reports.CountContaining("BOOL IS FALSE: ID is null"), 2);
-  EXPECT_EQ(reports.Count(), 3);
+  expected = 3;
 }
 
-TEST(XMLNodeID, BuildFromElementReadsNamespaceAndLocalName) {
-  ZOLTestReports reports;
+TEST_F(XMLNodeID, BuildFromElementReadsNamespaceAndLocalName) {
   auto doc = Read("<s:node xmlns:s=\"" + std::string(ZOLDftStdNamespaceURI) + "\"><plain/></s:node>");
   ZOLDftXMLNodeID id = ZOLDftXMLNodeID::BuildFromElement(Top(doc));
   EXPECT_TRUE(id == ZOLDftStdElementID(ZOLDftStdElement::Node));  // any prefix: the namespace decides
@@ -69,21 +74,17 @@ TEST(XMLNodeID, BuildFromElementReadsNamespaceAndLocalName) {
   EXPECT_EQ(plain.GetLocalName().str(), "plain");
   EXPECT_TRUE(ZOLDftXMLNodeID::BuildFromElement(ZOLIDOMElement_var()).IsNULL());
   EXPECT_EQ(ZOLDftStdElementOf("", "node"), ZOLDftStdElement::Unknown);
-  EXPECT_EQ(reports.Count(), 0);
 }
 
-TEST(XMLNodeID, WithoutNamespacesTheNodeNameServesAsLocalName) {
-  ZOLTestReports reports;
+TEST_F(XMLNodeID, WithoutNamespacesTheNodeNameServesAsLocalName) {
   auto doc = Read("<std:node xmlns:std=\"" + std::string(ZOLDftStdNamespaceURI) + "\"/>", false);
   ZOLDftXMLNodeID id = ZOLDftXMLNodeID::BuildFromElement(Top(doc));
   EXPECT_EQ(id.GetNamespaceURI().str(), "");
   EXPECT_EQ(id.GetLocalName().str(), "std:node");
   EXPECT_TRUE(id != ZOLDftStdElementID(ZOLDftStdElement::Node));
-  EXPECT_EQ(reports.Count(), 0);
 }
 
-TEST(XMLNodeIterator, WalksAllChildNodesForwardAndBackward) {
-  ZOLTestReports reports;
+TEST_F(XMLNodeIterator, WalksAllChildNodesForwardAndBackward) {
   auto doc = Read("<r>t<a/><!--c--><b/></r>");
   std::string forward;
   for (ZOLDftXMLNodeIterator it(Top(doc)); !it.IsDone(); it.Next()) {
@@ -100,11 +101,9 @@ TEST(XMLNodeIterator, WalksAllChildNodesForwardAndBackward) {
   back.CurrentItem().GetNodeName(name);
   EXPECT_EQ(name, "#comment");
   EXPECT_FALSE(back.IsDone());
-  EXPECT_EQ(reports.Count(), 0);
 }
 
-TEST(XMLNodeIterator, NodeWithoutChildrenIsDoneAtOnceAndMisuseIsReported) {
-  ZOLTestReports reports;
+TEST_F(XMLNodeIterator, NodeWithoutChildrenIsDoneAtOnceAndMisuseIsReported) {
   auto doc = Read("<r/>");
   ZOLDftXMLNodeIterator it(Top(doc));
   EXPECT_TRUE(it.IsDone());
@@ -115,5 +114,5 @@ TEST(XMLNodeIterator, NodeWithoutChildrenIsDoneAtOnceAndMisuseIsReported) {
   EXPECT_TRUE(none.IsDone());
   EXPECT_TRUE(none.CurrentItem().IsNull());
   EXPECT_EQ(reports.CountContaining("ON POINTER : NULL handler"), 1);
-  EXPECT_EQ(reports.Count(), 4);
+  expected = 4;
 }
