@@ -43,10 +43,17 @@ struct FactoryScope {
   ~FactoryScope() { ZOLAnnStandardXMLParser::SetCodecFactory(new ZOLAnnStandardXMLParserDOMCodecFactory()); }
 };
 
+// Every test ends with the reports it expects in all (none unless it says so).
+class ParserCodec : public testing::Test {
+protected:
+  void TearDown() override { EXPECT_EQ(r.Count(), reports); }
+  ZOLTestReports r;
+  int reports = 0;
+};
+
 }  // namespace
 
-TEST(ParserCodec, InitGetsTheRootsInTheOrderTypeDefEnumRoot) {
-  ZOLTestReports r;
+TEST_F(ParserCodec, InitGetsTheRootsInTheOrderTypeDefEnumRoot) {
   auto* codec = new FakeCodec;
   FactoryScope scope(codec);
   ZOLAnnStandardXMLParser doc;
@@ -57,11 +64,9 @@ TEST(ParserCodec, InitGetsTheRootsInTheOrderTypeDefEnumRoot) {
   EXPECT_EQ(doc.EnumRoot()->Name(), "Enum");
   EXPECT_EQ(doc.TypeDefRoot()->Name(), "TypeDef");
   EXPECT_EQ(doc.Root()->GetNodeType(), ZOLAnnStandardXMLNode::RootNode);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(ParserCodec, ResultsOfTheCodecArePassedOn) {
-  ZOLTestReports r;
+TEST_F(ParserCodec, ResultsOfTheCodecArePassedOn) {
   auto* codec = new FakeCodec;
   FactoryScope scope(codec);
   ZOLAnnStandardXMLParser doc;
@@ -82,11 +87,10 @@ TEST(ParserCodec, ResultsOfTheCodecArePassedOn) {
   codec->saveResult = S_OK;
   doc.SaveInString(text);
   EXPECT_EQ(text, "saved");
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(ParserCodec, FailedInitIsReportedAndTheTreeStaysUsable) {
-  ZOLTestReports r;
+TEST_F(ParserCodec, FailedInitIsReportedAndTheTreeStaysUsable) {
   auto* codec = new FakeCodec;
   codec->initResult = E_UNEXPECTED;
   FactoryScope scope(codec);
@@ -94,11 +98,10 @@ TEST(ParserCodec, FailedInitIsReportedAndTheTreeStaysUsable) {
   EXPECT_EQ(r.CountContaining(">> ASSERTION FAILED BOOL IS FALSE: Codec initialized failed! [File:"), 1);
   EXPECT_EQ(doc.AddNodeWithPath("Root:Styles", 0), 0);
   EXPECT_EQ(doc.DecodeXML("<x/>", 0), 0);  // the codec is kept
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(ParserCodec, NullCodecIsReportedAtEachUse) {
-  ZOLTestReports r;
+TEST_F(ParserCodec, NullCodecIsReportedAtEachUse) {
   FactoryScope scope(nullptr);
   ZOLAnnStandardXMLParser doc;
   EXPECT_EQ(r.CountContaining("ON POINTER "), 1);
@@ -109,22 +112,20 @@ TEST(ParserCodec, NullCodecIsReportedAtEachUse) {
   doc.SaveInString(text);
   EXPECT_EQ(text, "kept");
   EXPECT_EQ(r.CountContaining("ON POINTER "), 4);
-  EXPECT_EQ(r.Count(), 4);
+  reports = 4;
 }
 
-TEST(ParserCodec, NullFactoryIsRefusedAndTheInstalledOneStays) {
-  ZOLTestReports r;
+TEST_F(ParserCodec, NullFactoryIsRefusedAndTheInstalledOneStays) {
   auto* codec = new FakeCodec;
   FactoryScope scope(codec);
   ZOLAnnStandardXMLParser::SetCodecFactory(nullptr);
   EXPECT_EQ(r.CountContaining("ON POINTER "), 1);
   ZOLAnnStandardXMLParser doc;
   EXPECT_EQ(codec->roots[2], doc.Root());
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
-TEST(ParserCodec, ExistingParsersKeepTheirCodec) {
-  ZOLTestReports r;
+TEST_F(ParserCodec, ExistingParsersKeepTheirCodec) {
   auto* first = new FakeCodec;
   ZOLAnnStandardXMLParser::SetCodecFactory(new FakeFactory(first));
   ZOLAnnStandardXMLParser doc;
@@ -133,11 +134,9 @@ TEST(ParserCodec, ExistingParsersKeepTheirCodec) {
   EXPECT_EQ(doc.DecodeXML("a.xml", 1), 0);
   EXPECT_EQ(first->fileCalls, 1);
   EXPECT_EQ(second->fileCalls, 0);
-  EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(ParserCodec, CopiesShareRootsAndCodecAndMayBothBeDestroyed) {
-  ZOLTestReports r;
+TEST_F(ParserCodec, CopiesShareRootsAndCodecAndMayBothBeDestroyed) {
   auto* codec = new FakeCodec;
   FactoryScope scope(codec);
   long before = ZOLQelInstCountGet("ZOLAnnStandardXMLParser");
@@ -158,5 +157,5 @@ TEST(ParserCodec, CopiesShareRootsAndCodecAndMayBothBeDestroyed) {
   }
   ZOLSetDevelopmentStage(0);
   EXPECT_EQ(ZOLQelInstCountGet("ZOLAnnStandardXMLParser"), before);
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
