@@ -96,6 +96,46 @@ void AppendNumber(std::string& s, int n) {
   s.append(digits, r.ptr);
 }
 
+// Plain decimal forms ("-12", "0.13"), the usual text of a standard, read exactly as the general
+// reader would: up to nine digits for an integer; for a real, up to fifteen digits and no exponent,
+// so that digits / 10^k is one correctly rounded division of two exact doubles. False for
+// anything else, which then takes the general reader.
+bool ReadPlainInt(std::string_view t, int& v) {
+  const size_t n = t.size();
+  const size_t i = n && t[0] == '-' ? 1 : 0;
+  if (n - i < 1 || n - i > 9) return false;
+  int m = 0;
+  for (size_t k = i; k < n; ++k) {
+    const unsigned d = static_cast<unsigned>(t[k] - '0');
+    if (d > 9) return false;
+    m = m * 10 + static_cast<int>(d);
+  }
+  v = i ? -m : m;
+  return true;
+}
+
+bool ReadPlainReal(std::string_view t, double& v) {
+  static constexpr double kTens[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  const size_t n = t.size();
+  size_t k = n && t[0] == '-' ? 1 : 0;
+  const size_t first = k;
+  uint64_t m = 0;
+  for (; k < n && static_cast<unsigned>(t[k] - '0') <= 9; ++k) m = m * 10 + static_cast<unsigned>(t[k] - '0');
+  size_t digits = k - first, fraction = 0;
+  if (digits == 0) return false;
+  if (k < n && t[k] == '.') {
+    const size_t start = ++k;
+    for (; k < n && static_cast<unsigned>(t[k] - '0') <= 9; ++k) m = m * 10 + static_cast<unsigned>(t[k] - '0');
+    fraction = k - start;
+    if (fraction == 0) return false;
+    digits += fraction;
+  }
+  if (k != n || digits > 15) return false;
+  const double r = static_cast<double>(m) / kTens[fraction];
+  v = first ? -r : r;
+  return true;
+}
+
 bool IsStoiSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f' || c == '\r'; }
 
 int StoiPiece(std::string_view piece) {
@@ -320,18 +360,12 @@ void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan text) {
   const std::string_view path = key.substr(0, pathLength);
   if (firstAtPath) {
     switch (kind) {
-      case Kind::IntVal: {
-        int v = 0;
-        _Text.ConvertToNum(&v, "%d");
-        _IntValues[key] = v;
+      case Kind::IntVal:
+        _IntValues[key] = ReadInt(_Text);
         break;
-      }
-      case Kind::FloatVal: {
-        double d = 0.0;
-        _Text.ConvertToNum(&d, "%le");
-        _DoubleValues[key] = d;
+      case Kind::FloatVal:
+        _DoubleValues[key] = ReadReal(_Text);
         break;
-      }
       case Kind::StrVal:
         _StringValues[key] = text;
         break;
@@ -355,9 +389,7 @@ void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan text) {
           list.assign(1, *first);
           _IntValues.Erase(key, h);
         }
-        int v = 0;
-        _Text.ConvertToNum(&v, "%d");
-        list.push_back(v);
+        list.push_back(ReadInt(_Text));
         break;
       }
       case Kind::FloatVal: {
@@ -367,9 +399,7 @@ void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan text) {
           list.assign(1, *first);
           _DoubleValues.Erase(key, h);
         }
-        double d = 0.0;
-        _Text.ConvertToNum(&d, "%le");
-        list.push_back(d);
+        list.push_back(ReadReal(_Text));
         break;
       }
       case Kind::StrVal:
@@ -501,13 +531,25 @@ std::string_view ZOLVotTransientStandard::MakeParentKey(std::string_view path, i
 
 int ZOLVotTransientStandard::ReadInt(std::string_view text) {
   int v = 0;
-  ZOLUnicodeString(text).ConvertToNum(&v, "%d");
+  if (!ReadPlainInt(text, v)) ZOLUnicodeString(text).ConvertToNum(&v, "%d");
+  return v;
+}
+
+int ZOLVotTransientStandard::ReadInt(const ZOLUnicodeString& text) {
+  int v = 0;
+  if (!ReadPlainInt(text.str(), v)) text.ConvertToNum(&v, "%d");
   return v;
 }
 
 double ZOLVotTransientStandard::ReadReal(std::string_view text) {
   double d = 0.0;
-  ZOLUnicodeString(text).ConvertToNum(&d, "%le");
+  if (!ReadPlainReal(text, d)) ZOLUnicodeString(text).ConvertToNum(&d, "%le");
+  return d;
+}
+
+double ZOLVotTransientStandard::ReadReal(const ZOLUnicodeString& text) {
+  double d = 0.0;
+  if (!ReadPlainReal(text.str(), d)) text.ConvertToNum(&d, "%le");
   return d;
 }
 
@@ -532,11 +574,11 @@ HRESULT ZOLVotTransientStandard::GetSingle(ZOLVotKeyMap<T>& cache, ZOLVotNodeKin
 }
 
 HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, int& oValue) {
-  return GetSingle(_IntValues, Kind::IntVal, &ReadInt, iPath, iIndex, oValue);
+  return GetSingle(_IntValues, Kind::IntVal, static_cast<int (*)(std::string_view)>(&ReadInt), iPath, iIndex, oValue);
 }
 
 HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, double& oValue) {
-  return GetSingle(_DoubleValues, Kind::FloatVal, &ReadReal, iPath, iIndex, oValue);
+  return GetSingle(_DoubleValues, Kind::FloatVal, static_cast<double (*)(std::string_view)>(&ReadReal), iPath, iIndex, oValue);
 }
 
 HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, ZOLUnicodeString& oValue) {

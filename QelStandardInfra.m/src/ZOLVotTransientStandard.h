@@ -141,7 +141,9 @@ private:
   template <class T, class Read>
   HRESULT GetSingle(ZOLVotKeyMap<T>& cache, ZOLVotNodeKind leaf, Read read, const char* iPath, int iIndex, T& oValue);
   static int ReadInt(std::string_view text);
+  static int ReadInt(const ZOLUnicodeString& text);
   static double ReadReal(std::string_view text);
+  static double ReadReal(const ZOLUnicodeString& text);
   HRESULT Stub();
 
   ZOLUnicodeString _Name;
