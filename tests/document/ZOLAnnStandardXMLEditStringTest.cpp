@@ -9,7 +9,7 @@
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLAnnStandardXMLValue.h"
 #include "ZOLRefCounted.h"
-#include "ZOLTestReports.h"
+#include "ZOLReportCountTest.h"
 
 namespace {
 
@@ -27,13 +27,9 @@ void Plain(ZOLAnnStandardXMLParser& doc, std::initializer_list<const char*> edit
   for (const char* s : editStrings) ASSERT_EQ(doc.AddNodeWithPath(s, 0), 0) << s;
 }
 
-// Every test ends with the reports it expects in all (none unless it says so).
-class EditString : public testing::Test {
+class EditString : public ZOLReportCountTest {
 protected:
-  void TearDown() override { EXPECT_EQ(r.Count(), reports); }
-  ZOLTestReports r;
   ZOLAnnStandardXMLParser doc;
-  int reports = 0;
 };
 
 }  // namespace
