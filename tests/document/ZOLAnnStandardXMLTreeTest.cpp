@@ -10,7 +10,7 @@
 #include "ZOLAnnStandardXMLValue.h"
 #include "ZOLQelInstCount.h"
 #include "ZOLRefCounted.h"
-#include "ZOLTestReports.h"
+#include "ZOLReportCountTest.h"
 
 namespace {
 
@@ -27,13 +27,9 @@ ValueRef MakeValue(const char* text, const char* name = "", Value::Type type = V
 
 void AddChild(Node* parent, const char* name, int position = -1) { parent->AddNode(MakeNode(name).get(), position); }
 
-// Every test ends with the reports it expects in all (none unless it says so).
-class Tree : public testing::Test {
+class Tree : public ZOLReportCountTest {
 protected:
-  void TearDown() override { EXPECT_EQ(r.Count(), reports); }
-  ZOLTestReports r;
   NodeRef n = MakeNode("N");
-  int reports = 0;
 };
 
 }  // namespace
