@@ -7,19 +7,15 @@
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDftStdPersistence.h"
 #include "ZOLDftStdPersistenceSelfCheck.h"
-#include "ZOLTestReports.h"
+#include "ZOLReportCountTest.h"
 
 using P = ZOLDftStdPersistence;
 
 namespace {
 
-// Every test ends with the reports it expects in all (none unless it says so).
-class Registry : public testing::Test {
+class Registry : public ZOLReportCountTest {
 protected:
-  void TearDown() override { EXPECT_EQ(r.Count(), reports); }
-  ZOLTestReports r;
   ZOLAnnStandardXMLParser doc;
-  int reports = 0;
 };
 class Dating : public Registry {};
 
