@@ -9,7 +9,7 @@
 #include "ZOLAnnStandardXMLParserCodecFactory.h"
 #include "ZOLAnnStandardXMLParserDOMCodecFactory.h"
 #include "ZOLQelInstCount.h"
-#include "ZOLTestReports.h"
+#include "ZOLReportCountTest.h"
 
 namespace {
 
@@ -43,13 +43,7 @@ struct FactoryScope {
   ~FactoryScope() { ZOLAnnStandardXMLParser::SetCodecFactory(new ZOLAnnStandardXMLParserDOMCodecFactory()); }
 };
 
-// Every test ends with the reports it expects in all (none unless it says so).
-class ParserCodec : public testing::Test {
-protected:
-  void TearDown() override { EXPECT_EQ(r.Count(), reports); }
-  ZOLTestReports r;
-  int reports = 0;
-};
+using ParserCodec = ZOLReportCountTest;
 
 }  // namespace
 
