@@ -13,7 +13,7 @@
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDrwParseStandard.h"
 #include "ZOLRefCounted.h"
-#include "ZOLTestReports.h"
+#include "ZOLReportCountTest.h"
 #include "migration/ZOLDrwMigration.h"
 
 namespace {
@@ -119,13 +119,9 @@ std::vector<std::string> StylesWithParent(const char* parent) {
 
 std::string Text(ZOLAnnStandardXMLParser* p, const char* path) { return p->GetValueWithPath(path).str(); }
 
-// Every test ends with the reports it expects in all (none unless it says so).
-class DriverTest : public testing::Test {
+class DriverTest : public ZOLReportCountTest {
 protected:
-  void TearDown() override { EXPECT_EQ(r.Count(), reports); }
-  ZOLTestReports r;
   ZOLUnicodeString name{"std.xml"};
-  int reports = 0;
 };
 class ParentStandard : public DriverTest {};
 class Decode : public DriverTest {};
