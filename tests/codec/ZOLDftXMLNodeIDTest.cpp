@@ -8,7 +8,7 @@
 #include "ZOLDftStdNamespace.h"
 #include "ZOLDftXMLNodeID.h"
 #include "ZOLDftXMLNodeIterator.h"
-#include "ZOLTestReports.h"
+#include "ZOLReportCountTest.h"
 #include "ZOLXMLDOM.h"
 
 namespace {
@@ -31,14 +31,8 @@ ZOLIDOMElement_var Top(const ZOLIDOMDocument_var& doc) {
   return e;
 }
 
-// Every test ends with the reports it expects in all (none unless it says so).
-class XMLNodeID : public testing::Test {
-protected:
-  void TearDown() override { EXPECT_EQ(reports.Count(), expected); }
-  ZOLTestReports reports;
-  int expected = 0;
-};
-class XMLNodeIterator : public XMLNodeID {};
+class XMLNodeID : public ZOLReportCountTest {};
+class XMLNodeIterator : public ZOLReportCountTest {};
 
 }  // namespace
 
@@ -57,11 +51,11 @@ TEST_F(XMLNodeID, NullIdentifiersAreEqualAndDifferFromAnyOther) {
 TEST_F(XMLNodeID, EmptyLocalNameAndGettersOfTheNullIdentifierAreReported) {
   ZOLDftXMLNodeID empty("urn:a", "");
   EXPECT_TRUE(empty.IsNULL());
-  EXPECT_EQ(reports.CountContaining("Local name can't be empty"), 1);
+  EXPECT_EQ(r.CountContaining("Local name can't be empty"), 1);
   EXPECT_EQ(empty.GetNamespaceURI().str(), "");
   EXPECT_EQ(empty.GetLocalName().str(), "");
-  EXPECT_EQ(reports.CountContaining("BOOL IS FALSE: ID is null"), 2);
-  expected = 3;
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE: ID is null"), 2);
+  reports = 3;
 }
 
 TEST_F(XMLNodeID, BuildFromElementReadsNamespaceAndLocalName) {
@@ -109,10 +103,10 @@ TEST_F(XMLNodeIterator, NodeWithoutChildrenIsDoneAtOnceAndMisuseIsReported) {
   EXPECT_TRUE(it.IsDone());
   EXPECT_TRUE(it.CurrentItem().IsNull());
   it.Next();
-  EXPECT_EQ(reports.CountContaining("BOOL IS FALSE"), 2);
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 2);
   ZOLDftXMLNodeIterator none{ZOLIDOMNode_var()};
   EXPECT_TRUE(none.IsDone());
   EXPECT_TRUE(none.CurrentItem().IsNull());
-  EXPECT_EQ(reports.CountContaining("ON POINTER : NULL handler"), 1);
-  expected = 4;
+  EXPECT_EQ(r.CountContaining("ON POINTER : NULL handler"), 1);
+  reports = 4;
 }
