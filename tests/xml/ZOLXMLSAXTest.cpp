@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "ZOLTestReports.h"
+#include "ZOLReportCountTest.h"
 #include "ZOLXMLSAX.h"
 
 namespace {
@@ -80,11 +80,8 @@ std::string TempPath(const char* name) {
   return (std::filesystem::temp_directory_path() / (std::string("zolsax_") + std::to_string(::getpid()) + "_" + name)).string();
 }
 
-// No test expects a report.
-class SAXReader : public testing::Test {
+class SAXReader : public ZOLReportCountTest {
 protected:
-  void TearDown() override { EXPECT_EQ(reports.Count(), 0); }
-  ZOLTestReports reports;
   Recorder rec;
 };
 
