@@ -18,7 +18,7 @@
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLAnnStandardXMLParserDOMCodec.h"
 #include "ZOLDftStdNamespace.h"
-#include "ZOLTestReports.h"
+#include "ZOLReportCountTest.h"
 
 namespace fs = std::filesystem;
 
@@ -98,13 +98,9 @@ ZOLRef<ZOLAnnStandardXMLNode> NewNode(ZOLAnnStandardXMLNode::Type type, const ch
   return ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(type, name));
 }
 
-// Every test ends with the reports it expects in all (none unless it says so).
-class DOMCodec : public testing::Test {
+class DOMCodec : public ZOLReportCountTest {
 protected:
-  void TearDown() override { EXPECT_EQ(reports.Count(), expected); }
-  ZOLTestReports reports;
   ZOLAnnStandardXMLParser p;
-  int expected = 0;
 };
 
 }  // namespace
@@ -175,8 +171,8 @@ TEST_F(DOMCodec, Decode_ReadsNameAndTypeOfTheDocumentElementAndWritesThemBack) {
   EXPECT_EQ(codec.GetName().str(), "drafting");
   auto t = NewNode(ZOLAnnStandardXMLNode::RootNode, "TypeDef");
   auto e = NewNode(ZOLAnnStandardXMLNode::RootNode, "Enum");
-  auto r = NewNode(ZOLAnnStandardXMLNode::RootNode, "Root");
-  ASSERT_EQ(codec.Init(t.get(), e.get(), r.get()), S_OK);
+  auto root = NewNode(ZOLAnnStandardXMLNode::RootNode, "Root");
+  ASSERT_EQ(codec.Init(t.get(), e.get(), root.get()), S_OK);
   ASSERT_EQ(codec.DecodeXMLString(ZOLUnicodeString(Std("", " name=\"mine\" type=\"kind\""))), S_OK);
   EXPECT_EQ(codec.GetName().str(), "mine");
   EXPECT_EQ(codec.GetType().str(), "kind");
@@ -196,13 +192,13 @@ TEST_F(DOMCodec, Decode_DocumentElementOtherThanStdNodeIsAnInvalidStandard) {
   for (const std::string& text :
        {"<std:typeval xmlns:std=\"" + kNs + "\" name=\"x\"/>", std::string("<std:node xmlns:std=\"urn:other/std\"/>"),
         std::string("<node name=\"drafting\"/>")}) {
-    reports.Clear();
+    r.Clear();
     ZOLAnnStandardXMLParser p;
     EXPECT_EQ(Decode(p, text), 1) << text;
-    EXPECT_EQ(reports.Count(), 1);
-    EXPECT_EQ(reports.CountContaining("Invalid standard"), 1);
+    EXPECT_EQ(r.Count(), 1);
+    EXPECT_EQ(r.CountContaining("Invalid standard"), 1);
   }
-  expected = 1;
+  reports = 1;
 }
 
 TEST_F(DOMCodec, Decode_ForeignElementsAreSkippedWithAllBelowThem) {
@@ -230,11 +226,11 @@ class DOMCodecFault : public testing::TestWithParam<Fault> {};
 
 TEST_P(DOMCodecFault, RefusesTheDocumentWithItsReports) {
   const Fault& f = GetParam();
-  ZOLTestReports reports;
+  ZOLTestReports r;
   ZOLAnnStandardXMLParser p;
   EXPECT_EQ(Decode(p, Std(f.body)), 1) << f.what;
-  EXPECT_EQ(reports.Count(), f.reports) << f.what;
-  EXPECT_EQ(reports.CountContaining(f.message), f.reports > 0 ? 1 : 0) << f.what;
+  EXPECT_EQ(r.Count(), f.reports) << f.what;
+  EXPECT_EQ(r.CountContaining(f.message), f.reports > 0 ? 1 : 0) << f.what;
 }
 
 const std::string kNode = "<std:node name=\"P\">";
@@ -296,9 +292,9 @@ TEST_F(DOMCodec, Enumdef_StrvalNamedOtherThanTheEnumIsKeptWithAReport) {
                           "<std:strval name=\"F\">b</std:strval><std:strval minval=\"1\">dropped</std:strval>"
                           "<std:strval>c</std:strval></std:enumdef>")), 0);
   EXPECT_EQ(Dump(p.EnumRoot()), "0:Enum\n 3:E\n  v3 [E] r0 'a'\n  v3 [F] r0 'b'\n  v3 [] r0 'c'\n");
-  expected = 2;
-  EXPECT_EQ(reports.CountContaining("Strval in enum have a name but it's no"), 1);
-  EXPECT_EQ(reports.CountContaining("BOOL IS FALSE"), 1);
+  reports = 2;
+  EXPECT_EQ(r.CountContaining("Strval in enum have a name but it's no"), 1);
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
 }
 
 TEST_F(DOMCodec, Decode_FailureKeepsWhatWasAttachedBefore) {
@@ -306,7 +302,7 @@ TEST_F(DOMCodec, Decode_FailureKeepsWhatWasAttachedBefore) {
                           "<std:node name=\"B\"><std:node name=\"C\"><std:intval name=\"bad\">2</std:intval></std:node></std:node>"
                           "<std:node name=\"D\"/>")), 1);
   EXPECT_EQ(Dump(p.Root()), "0:Root\n 1:A\n  v1 [] r0 '1'\n");
-  expected = 1;
+  reports = 1;
 }
 
 // ---------------------------------------------------------------- text content
@@ -320,8 +316,8 @@ TEST_F(DOMCodec, Text_JoinsTextAndCdataSkipsCommentsAndTrimsNothing) {
 TEST_F(DOMCodec, Text_EntityReferenceOfTheDocumentsOwnDtdIsNotText) {
   std::string text = "<!DOCTYPE std:node [<!ENTITY e \"expanded\">]>" + Std("<std:node name=\"A\"><std:strval>&e;</std:strval></std:node>").substr(21);
   EXPECT_EQ(Decode(p, text), 1);
-  expected = 1;
-  EXPECT_EQ(reports.CountContaining("Invalid node where there should"), 1);
+  reports = 1;
+  EXPECT_EQ(r.CountContaining("Invalid node where there should"), 1);
 }
 
 // ---------------------------------------------------------------- bad input
@@ -347,14 +343,14 @@ TEST_F(DOMCodec, BadInput_EachGivesFailureWithoutACrash) {
   for (auto& [name, content] : files) {
     std::ofstream(dir + "/" + name, std::ios::binary) << content;
     for (int isFile : {1, 0}) {
-      reports.Clear();
+      r.Clear();
       ZOLAnnStandardXMLParser p;
       EXPECT_EQ(p.DecodeXML(ZOLUnicodeString(isFile ? dir + "/" + name : content), isFile), 1) << name;
-      EXPECT_EQ(reports.Count(), name == "foreign" ? 1 : 0) << name;
+      EXPECT_EQ(r.Count(), name == "foreign" ? 1 : 0) << name;
       SurvivesAfterwards(p);
     }
   }
-  reports.Clear();
+  r.Clear();
   EXPECT_EQ(p.DecodeXML(ZOLUnicodeString(dir + "/missing.xml"), 1), 1);
   EXPECT_EQ(p.DecodeXML(ZOLUnicodeString(dir), 1), 1);  // a directory
   SurvivesAfterwards(p);
@@ -432,7 +428,7 @@ TEST_F(DOMCodec, Save_RootWithAValueOfItsOwnIsRefusedAndNothingIsWritten) {
   std::ofstream(dir + "/ISO.xml") << "old content";
   EXPECT_EQ(p.SaveInFile(dir + "/ISO.xml"), E_UNEXPECTED);
   EXPECT_EQ(ReadAll(dir + "/ISO.xml"), "old content");
-  expected = 1;
+  reports = 1;
   fs::remove_all(dir);
 }
 
@@ -443,15 +439,15 @@ TEST_F(DOMCodec, Save_NodeOrValueOfNoKindOfTheDialectFails) {
   ZOLAnnStandardXMLParserDOMCodec codec;
   ASSERT_EQ(codec.Init(p.TypeDefRoot(), p.EnumRoot(), p.Root()), S_OK);
   EXPECT_EQ(codec.SaveInString(text), E_FAIL);
-  EXPECT_EQ(reports.CountContaining("Invalid type of node!"), 1);
+  EXPECT_EQ(r.CountContaining("Invalid type of node!"), 1);
   p.Root()->DeleteSubNode(0);
   auto m = NewNode(ZOLAnnStandardXMLNode::PlainNode, "M");
   ZOLRef<ZOLAnnStandardXMLValue> v = ZOLRef<ZOLAnnStandardXMLValue>::Adopt(new ZOLAnnStandardXMLValue(ZOLAnnStandardXMLValue::NoValue, "1", "", 0));
   m->AddValue(v.get(), -1);
   p.Root()->AddNode(m.get(), -1);
   EXPECT_EQ(codec.SaveInString(text), E_FAIL);
-  EXPECT_EQ(reports.CountContaining("unknown type of value!"), 1);
-  expected = 2;
+  EXPECT_EQ(r.CountContaining("unknown type of value!"), 1);
+  reports = 2;
 }
 
 // ---------------------------------------------------------------- init, queue, traces
@@ -461,11 +457,11 @@ TEST_F(DOMCodec, Init_RefusesASecondBindingAndNullRoots) {
   ZOLUnicodeString text;
   EXPECT_EQ(codec.DecodeXMLString(ZOLUnicodeString(Std(""))), E_UNEXPECTED);
   EXPECT_EQ(codec.SaveInString(text), E_UNEXPECTED);
-  EXPECT_EQ(reports.CountContaining("ON POINTER"), 2);
+  EXPECT_EQ(r.CountContaining("ON POINTER"), 2);
   EXPECT_EQ(codec.Init(p.TypeDefRoot(), nullptr, p.Root()), E_UNEXPECTED);
   EXPECT_EQ(codec.Init(p.TypeDefRoot(), p.EnumRoot(), p.Root()), S_OK);
   EXPECT_EQ(codec.Init(p.TypeDefRoot(), p.EnumRoot(), p.Root()), E_UNEXPECTED);
-  expected = 4;
+  reports = 4;
 }
 
 TEST_F(DOMCodec, Queue_IsAStackThatHoldsReferencesAndReportsMisuse) {
@@ -474,9 +470,9 @@ TEST_F(DOMCodec, Queue_IsAStackThatHoldsReferencesAndReportsMisuse) {
   {
     ZOLAnnStandardXMLParserDOMCodecQueue queue;
     EXPECT_EQ(queue.Pop(), nullptr);
-    EXPECT_EQ(reports.CountContaining("BOOL IS FALSE"), 1);
+    EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
     queue.Push(nullptr);
-    EXPECT_EQ(reports.CountContaining("ON POINTER"), 1);
+    EXPECT_EQ(r.CountContaining("ON POINTER"), 1);
     queue.Push(new ZOLAnnStandardXMLParserDOMCodecQueueElem(a.get(), ZOLIDOMElement_var()));
     queue.Push(new ZOLAnnStandardXMLParserDOMCodecQueueElem(b.get(), ZOLIDOMElement_var()));
     EXPECT_EQ(a->RefCount(), 2u);
@@ -487,8 +483,8 @@ TEST_F(DOMCodec, Queue_IsAStackThatHoldsReferencesAndReportsMisuse) {
   EXPECT_EQ(a->RefCount(), 1u);  // the destructor let go of the element left
   EXPECT_EQ(b->RefCount(), 1u);
   ZOLAnnStandardXMLParserDOMCodecQueueElem empty(nullptr, ZOLIDOMElement_var());
-  EXPECT_EQ(reports.CountContaining("iNode is NULL!"), 1);
-  expected = 3;
+  EXPECT_EQ(r.CountContaining("iNode is NULL!"), 1);
+  reports = 3;
 }
 
 TEST_F(DOMCodec, Trace_TellsOptionsRootAndWhatWasBuilt) {
