@@ -1,28 +1,15 @@
 // The qelstd apply verb, run as a user would.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <fstream>
 #include <string>
 
+#include "QelstdRun.h"
+
 namespace {
 
-struct Result {
-  int status;
-  std::string out;
-};
-
-Result Qelstd(const std::string& args) {
-  std::string command = std::string(QELSTD_QELSTD_EXE) + " " + args + " 2>&1";
-  Result run{-1, {}};
-  FILE* pipe = popen(command.c_str(), "r");
-  if (!pipe) return run;
-  char buffer[4096];
-  for (size_t n; (n = fread(buffer, 1, sizeof buffer, pipe)) > 0;) run.out.append(buffer, n);
-  int raw = pclose(pipe);
-  run.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-  return run;
-}
+// qelstd with its standard error joined to its output.
+QelstdRun Qelstd(const std::string& args) { return RunQelstd(args + " 2>&1"); }
 
 std::string WriteEdits(const std::string& name, const std::string& text) {
   std::string path = testing::TempDir() + name;
@@ -33,7 +20,7 @@ std::string WriteEdits(const std::string& name, const std::string& text) {
 }  // namespace
 
 TEST(QelstdApply, PrintsResultsOutlineAndVersion) {
-  if (std::string(QELSTD_QELSTD_EXE).empty()) GTEST_SKIP() << "qelstd is not built";
+  QELSTD_REQUIRE_BINARY();
   std::string path = WriteEdits("apply-ok.edits",
                                 "# sample\n"
                                 "node Enum:YesNo\n"
@@ -44,7 +31,7 @@ TEST(QelstdApply, PrintsResultsOutlineAndVersion) {
                                 "value@-1 Root.Styles.Sheet:Framed:enum.YesNo:Yes\n"
                                 "value Root.Styles:Scale:float.m.0.0:1.0\n"
                                 "value Root:Version:int:290\n");
-  Result run = Qelstd("apply " + path);
+  QelstdRun run = Qelstd("apply " + path);
   EXPECT_EQ(run.status, 0) << run.out;
   EXPECT_EQ(run.out,
             "2: 0  node Enum:YesNo\n"
@@ -72,9 +59,9 @@ TEST(QelstdApply, PrintsResultsOutlineAndVersion) {
 }
 
 TEST(QelstdApply, ShowsFailedLinesAndTheirReports) {
-  if (std::string(QELSTD_QELSTD_EXE).empty()) GTEST_SKIP() << "qelstd is not built";
+  QELSTD_REQUIRE_BINARY();
   std::string path = WriteEdits("apply-fail.edits", "node Root:a:x1\nnode Root:b:5\ndelete Root.zz\n");
-  Result run = Qelstd("apply " + path);
+  QelstdRun run = Qelstd("apply " + path);
   EXPECT_EQ(run.status, 1);
   EXPECT_NE(run.out.find("1: 2  node Root:a:x1\n2: 0  node Root:b:5\n    report: >> ASSERTION FAILED BOOL IS FALSE:"),
             std::string::npos)
@@ -84,9 +71,9 @@ TEST(QelstdApply, ShowsFailedLinesAndTheirReports) {
 }
 
 TEST(QelstdApply, UnknownOperationIsAUsageErrorNamingTheLine) {
-  if (std::string(QELSTD_QELSTD_EXE).empty()) GTEST_SKIP() << "qelstd is not built";
+  QELSTD_REQUIRE_BINARY();
   std::string path = WriteEdits("apply-bad.edits", "node Root:a\n\nrename Root.a:b\n");
-  Result run = Qelstd("apply " + path);
+  QelstdRun run = Qelstd("apply " + path);
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.out, "qelstd: " + path + ": line 3: unknown operation 'rename'\n");
   path = WriteEdits("apply-occ.edits", "node@2 Root:a\n");
@@ -96,8 +83,8 @@ TEST(QelstdApply, UnknownOperationIsAUsageErrorNamingTheLine) {
 }
 
 TEST(QelstdApply, MissingFileIsNotFound) {
-  if (std::string(QELSTD_QELSTD_EXE).empty()) GTEST_SKIP() << "qelstd is not built";
-  Result run = Qelstd("apply /nonexistent/x.edits");
+  QELSTD_REQUIRE_BINARY();
+  QelstdRun run = Qelstd("apply /nonexistent/x.edits");
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "qelstd: /nonexistent/x.edits: No such file or directory\n");
 }
