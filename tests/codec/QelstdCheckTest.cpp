@@ -5,24 +5,18 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <sys/wait.h>
 #include <unistd.h>
 
+#include "QelstdRun.h"
 #include "ZOLDftStdNamespace.h"
 
 namespace {
 
-// Runs qelstd with arguments; its standard output and exit status.
-int RunQelstd(const std::string& args, std::string& out) {
-  std::string command = std::string(QELSTD_QELSTD_EXE) + " " + args + " 2>/dev/null";
-  FILE* p = ::popen(command.c_str(), "r");
-  if (!p) return -1;
-  char buffer[4096];
-  size_t n;
-  out.clear();
-  while ((n = std::fread(buffer, 1, sizeof buffer, p)) > 0) out.append(buffer, n);
-  int status = ::pclose(p);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+// Runs qelstd with arguments, its standard error dropped; its exit status, its output in out.
+int Qelstd(const std::string& args, std::string& out) {
+  QelstdRun run = RunQelstd(args + " 2>/dev/null");
+  out = run.out;
+  return run.status;
 }
 
 std::string Write(const char* name, const std::string& body) {
@@ -36,10 +30,10 @@ std::string Write(const char* name, const std::string& body) {
 }  // namespace
 
 TEST(QelstdCheck, CleanFileExitsZeroWithVersion) {
-  if (std::string(QELSTD_QELSTD_EXE).empty()) GTEST_SKIP() << "qelstd not built";
+  QELSTD_REQUIRE_BINARY();
   std::string path = Write("clean.xml", "<std:node name=\"F\"><std:enumval name=\"YesNo\">Yes</std:enumval></std:node>");
   std::string out;
-  EXPECT_EQ(RunQelstd("check " + path, out), 0);
+  EXPECT_EQ(Qelstd("check " + path, out), 0);
   EXPECT_NE(out.find("decode: 0"), std::string::npos) << out;
   EXPECT_NE(out.find("version: 290"), std::string::npos) << out;
   EXPECT_NE(out.find("enum faults: 0"), std::string::npos) << out;
@@ -47,16 +41,16 @@ TEST(QelstdCheck, CleanFileExitsZeroWithVersion) {
 }
 
 TEST(QelstdCheck, UndefinedEnumeratedValueOrFailedDecodeExitsOne) {
-  if (std::string(QELSTD_QELSTD_EXE).empty()) GTEST_SKIP() << "qelstd not built";
+  QELSTD_REQUIRE_BINARY();
   std::string path = Write("fault.xml", "<std:node name=\"F\"><std:enumval name=\"YesNo\">Maybe</std:enumval></std:node>");
   std::string out;
-  EXPECT_EQ(RunQelstd("check " + path + " --json", out), 1);
+  EXPECT_EQ(Qelstd("check " + path + " --json", out), 1);
   EXPECT_NE(out.find("\"Enum undefined: Root.Root.F.Maybe with enum \\\"YesNo\\\"\""), std::string::npos) << out;
   std::remove(path.c_str());
   path = Write("broken.xml", "<std:node name=\"F\"><std:intval name=\"X\">1</std:intval></std:node>");
-  EXPECT_EQ(RunQelstd("check " + path, out), 1);
+  EXPECT_EQ(Qelstd("check " + path, out), 1);
   EXPECT_NE(out.find("decode: 1 (failed)"), std::string::npos) << out;
   EXPECT_NE(out.find("report: >> ASSERTION FAILED BOOL IS FALSE"), std::string::npos) << out;
   std::remove(path.c_str());
-  EXPECT_EQ(RunQelstd("check /nonexistent/std.xml", out), 1);
+  EXPECT_EQ(Qelstd("check /nonexistent/std.xml", out), 1);
 }
