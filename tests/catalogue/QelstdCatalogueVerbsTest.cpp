@@ -1,12 +1,11 @@
 // The catalogue verbs of qelstd: list, info, sheets and upgrade, as a script would run them.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <sys/wait.h>
 
+#include "QelstdRun.h"
 #include "ZOLCatalogueTestSupport.h"
 
 using namespace qeltest;
@@ -14,29 +13,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-struct ToolRun {
-  int status;
-  std::string out;
-};
-
-// Runs qelstd with a prefix of variable settings (env -u / VAR=value), capturing standard output.
-ToolRun Qelstd(const std::string& env, const std::string& args, const std::string& errFile) {
-  std::string command = "env -u ADL_ODT_OUT -u ZOLTemp -u ZOLCollectionStandard -u ZOLDefaultCollectionStandard " +
-                        env + " '" QELSTD_QELSTD_EXE "' " + args + " 2>'" + errFile + "'";
-  FILE* pipe = popen(command.c_str(), "r");
-  ToolRun run{-1, ""};
-  if (!pipe) return run;
-  char buf[4096];
-  size_t n;
-  while ((n = fread(buf, 1, sizeof buf, pipe)) > 0) run.out.append(buf, n);
-  int rc = pclose(pipe);
-  run.status = WIFEXITED(rc) ? WEXITSTATUS(rc) : -1;
-  return run;
+// Runs qelstd with a prefix of variable settings (env -u / VAR=value), its standard error into errFile.
+QelstdRun Qelstd(const std::string& env, const std::string& args, const std::string& errFile) {
+  return RunQelstd(args + " 2>'" + errFile + "'",
+                   "env -u ADL_ODT_OUT -u ZOLTemp -u ZOLCollectionStandard -u ZOLDefaultCollectionStandard " + env);
 }
-
-#define REQUIRE_QELSTD()                                                        \
-  if (std::string(QELSTD_QELSTD_EXE).empty() || !fs::exists(QELSTD_QELSTD_EXE)) \
-  GTEST_SKIP() << "qelstd is not built"
 
 std::string SheetStandard() {
   return Standard(Version(290) + Parent("ANSI", "1") +
@@ -47,10 +28,10 @@ std::string SheetStandard() {
 }  // namespace
 
 TEST(QelstdVerbs, NameWithoutWorkingDirectoryIsRefusedClearly) {
-  REQUIRE_QELSTD();
+  QELSTD_REQUIRE_BINARY();
   ScratchDir dir;
   for (const char* verb : {"info", "sheets"}) {
-    ToolRun run = Qelstd("", std::string(verb) + " ISO", dir / "err");
+    QelstdRun run = Qelstd("", std::string(verb) + " ISO", dir / "err");
     EXPECT_EQ(run.status, 1) << verb;
     EXPECT_NE(ReadText(dir / "err").find("qelstd: ISO: a standard name needs a working directory"), std::string::npos)
         << ReadText(dir / "err");
@@ -58,18 +39,18 @@ TEST(QelstdVerbs, NameWithoutWorkingDirectoryIsRefusedClearly) {
 }
 
 TEST(QelstdVerbs, InfoAndSheetsOfAFileAsJson) {
-  REQUIRE_QELSTD();
+  QELSTD_REQUIRE_BINARY();
   QELSTD_REQUIRE_CODEC();
   ScratchDir dir;
   WriteText(dir / "Asme.xml", SheetStandard());
-  ToolRun info = Qelstd("", "info --json '" + (dir / "Asme.xml") + "'", dir / "err");
+  QelstdRun info = Qelstd("", "info --json '" + (dir / "Asme.xml") + "'", dir / "err");
   ASSERT_EQ(info.status, 0) << ReadText(dir / "err");
   nlohmann::json i = nlohmann::json::parse(info.out);
   EXPECT_EQ(i["parent"], "ASME");
   EXPECT_EQ(i["class"], 2);
   EXPECT_EQ(i["version"], 290);
   EXPECT_EQ(i["release"], 428);
-  ToolRun sheets = Qelstd("", "sheets --json '" + (dir / "Asme.xml") + "'", dir / "err");
+  QelstdRun sheets = Qelstd("", "sheets --json '" + (dir / "Asme.xml") + "'", dir / "err");
   ASSERT_EQ(sheets.status, 0) << ReadText(dir / "err");
   nlohmann::json s = nlohmann::json::parse(sheets.out);
   ASSERT_EQ(s["formats"].size(), 1u);
@@ -82,11 +63,11 @@ TEST(QelstdVerbs, InfoAndSheetsOfAFileAsJson) {
 }
 
 TEST(QelstdVerbs, ListShowsRepositoryStandardsWithParentAndVersion) {
-  REQUIRE_QELSTD();
+  QELSTD_REQUIRE_BINARY();
   QELSTD_REQUIRE_CODEC();
   ScratchDir dir;
   WriteText(dir / "repo/drafting/Company.xml", SheetStandard());
-  ToolRun run = Qelstd("ZOLCollectionStandard='" + (dir / "repo") + "'", "list --json", dir / "err");
+  QelstdRun run = Qelstd("ZOLCollectionStandard='" + (dir / "repo") + "'", "list --json", dir / "err");
   ASSERT_EQ(run.status, 0);
   nlohmann::json list = nlohmann::json::parse(run.out);
   ASSERT_GE(list.size(), 1u);
@@ -98,11 +79,11 @@ TEST(QelstdVerbs, ListShowsRepositoryStandardsWithParentAndVersion) {
 }
 
 TEST(QelstdVerbs, UpgradeAcrossAnUnbuiltStageSaysSoAndWritesNothing) {
-  REQUIRE_QELSTD();
+  QELSTD_REQUIRE_BINARY();
   QELSTD_REQUIRE_CODEC();
   ScratchDir dir;
   WriteText(dir / "Old.xml", Standard(Version(150) + Parent("ISO")));
-  ToolRun run = Qelstd("", "upgrade '" + (dir / "Old.xml") + "' -o '" + (dir / "out") + "'", dir / "err");
+  QelstdRun run = Qelstd("", "upgrade '" + (dir / "Old.xml") + "' -o '" + (dir / "out") + "'", dir / "err");
   std::string err = ReadText(dir / "err");
   // Until every step of the chain is built, some stage between 150 and 290 stops the upgrade.
   if (run.status == 0) GTEST_SKIP() << "every stage from 150 on is built";
@@ -113,14 +94,14 @@ TEST(QelstdVerbs, UpgradeAcrossAnUnbuiltStageSaysSoAndWritesNothing) {
 }
 
 TEST(QelstdVerbs, UpgradeToTheLevelItHasWritesTheFileUnchanged) {
-  REQUIRE_QELSTD();
+  QELSTD_REQUIRE_BINARY();
   QELSTD_REQUIRE_CODEC();
   ScratchDir dir;
   WriteText(dir / "Old.xml", Standard(Version(150) + Parent("ISO")));
-  ToolRun run = Qelstd("", "upgrade '" + (dir / "Old.xml") + "' -o '" + (dir / "out") + "' --to 150", dir / "err");
+  QelstdRun run = Qelstd("", "upgrade '" + (dir / "Old.xml") + "' -o '" + (dir / "out") + "' --to 150", dir / "err");
   EXPECT_EQ(run.status, 0) << ReadText(dir / "err");
   EXPECT_NE(run.out.find("0 stages run, level 150"), std::string::npos) << run.out;
   EXPECT_TRUE(fs::exists(dir / "out/Old.xml"));
-  ToolRun again = Qelstd("", "upgrade '" + (dir / "Old.xml") + "' -o '" + dir.Path() + "'", dir / "err");
+  QelstdRun again = Qelstd("", "upgrade '" + (dir / "Old.xml") + "' -o '" + dir.Path() + "'", dir / "err");
   EXPECT_EQ(again.status, 2) << "never over its own input";
 }
