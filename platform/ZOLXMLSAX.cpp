@@ -209,7 +209,9 @@ private:
   std::exception_ptr _exception;
   // Prefixes declared per open element, for EndPrefixMapping.
   std::vector<std::string> _prefixes;
-  std::vector<int> _prefixCounts;
+  // Elements that declared prefixes, as (depth, count): most declare none and cost no entry.
+  std::vector<std::pair<int, int>> _prefixCounts;
+  int _depth = 0;
   ElementNames _names;
   AttributeMemo _lastAttribute;
 };
@@ -228,7 +230,8 @@ void Reader::OnStartElement(void* ctx, const xmlChar* localName, const xmlChar* 
                             int nbNamespaces, const xmlChar** namespaces, int nbAttributes, int,
                             const xmlChar** attributes) {
   Reader* r = Self(ctx);
-  r->_prefixCounts.push_back(nbNamespaces);
+  ++r->_depth;
+  if (nbNamespaces > 0) r->_prefixCounts.emplace_back(r->_depth, nbNamespaces);
   for (int i = 0; i < nbNamespaces; ++i) {
     std::string_view p = View(namespaces[2 * i]);
     r->_prefixes.emplace_back(p);
@@ -251,10 +254,11 @@ void Reader::OnEndElement(void* ctx, const xmlChar* localName, const xmlChar* pr
     });
   }
   int declared = 0;
-  if (!r->_prefixCounts.empty()) {
-    declared = r->_prefixCounts.back();
+  if (!r->_prefixCounts.empty() && r->_prefixCounts.back().first == r->_depth) {
+    declared = r->_prefixCounts.back().second;
     r->_prefixCounts.pop_back();
   }
+  --r->_depth;
   for (int i = 0; i < declared && !r->_prefixes.empty(); ++i) {
     std::string p = std::move(r->_prefixes.back());
     r->_prefixes.pop_back();
@@ -314,6 +318,7 @@ HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
   _exception = nullptr;
   _prefixes.clear();
   _prefixCounts.clear();
+  _depth = 0;
 
   FILE* file = nullptr;
   if (source.GetKind() == ZOLIXMLInputSource::Kind::File) {

@@ -78,7 +78,7 @@ public:
     if (n > _capacity) Reallocate(n);
   }
   /// Copies text, which may lie in the store itself, to the end; the span of the copy.
-  ZOLVotSpan Append(std::string_view text) {
+  [[gnu::always_inline]] ZOLVotSpan Append(std::string_view text) {
     const size_t n = text.size();
     if (n > _capacity - _size) return AppendGrowing(text);
     ZOLVotCopy(_data.get() + _size, text.data(), n);
@@ -88,7 +88,7 @@ public:
   }
 
 private:
-  ZOLVotSpan AppendGrowing(std::string_view text) {
+  [[gnu::noinline]] ZOLVotSpan AppendGrowing(std::string_view text) {
     // The old block stays until text, which may lie in it, is copied.
     std::unique_ptr<char[]> old = Reallocate(std::max(_capacity * 2, _size + text.size()) + 64);
     return Append(text);
