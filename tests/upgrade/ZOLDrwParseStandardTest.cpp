@@ -42,6 +42,8 @@ public:
       : ZOLDrwParseStandard(name, stages ? stages : ZOLDrwShippedStages().data(),
                             stages ? count : static_cast<int>(ZOLDrwShippedStages().size())),
         _lines(std::move(lines)) {}
+  Driver(ZOLUnicodeString& name, std::vector<std::string> lines, std::vector<ZOLDrwMigrationStage>& chain)
+      : Driver(name, std::move(lines), chain.data(), static_cast<int>(chain.size())) {}
 
   int DecodeTree(ZOLAnnStandardXMLParser& parser) override {
     Build(parser, _lines);
@@ -57,6 +59,12 @@ public:
 
 private:
   std::vector<std::string> _lines;
+};
+
+// A driver decoded at once.
+struct Decoded : Driver {
+  template <typename... Args>
+  explicit Decoded(Args&&... args) : Driver(std::forward<Args>(args)...) { Decode(); }
 };
 
 std::vector<std::string> WithParent(const char* parent, const char* datumMode = nullptr) {
@@ -91,8 +99,7 @@ std::vector<int> Range(int first, int last) {
 // Runs a recording chain over a decoded tree of parent ISO from start to target.
 std::vector<int> Walk(int start, int target, std::vector<ZOLDrwMigrationStage> chain = RecordingChain()) {
   ZOLUnicodeString name("walk.xml");
-  Driver d(name, WithParent("ISO"), chain.data(), static_cast<int>(chain.size()));
-  d.Decode();
+  Decoded d(name, WithParent("ISO"), chain);
   d.SetStartLevel(start);
   g_ran.clear();
   ZOLDrwParseStandardUpgradeOptions options;
@@ -133,27 +140,23 @@ class EditTable : public DriverTest {};
 }  // namespace
 
 TEST_F(ParentStandard, AnsiWithDatumModeOneIsAsmeAndTwoStaysAnsi) {
-  Driver asme(name, WithParent("ANSI", "1"));
-  asme.Decode();
+  Decoded asme(name, WithParent("ANSI", "1"));
   EXPECT_EQ(asme.GetParentStandard().str(), "ASME");
-  Driver ansi(name, WithParent("ANSI", "2"));
-  ansi.Decode();
+  Decoded ansi(name, WithParent("ANSI", "2"));
   EXPECT_EQ(ansi.GetParentStandard().str(), "ANSI");
   EXPECT_EQ(asme.GetParentStandardId(), ZOLDrwParseStandard::ASME);
   EXPECT_EQ(ansi.GetParentStandardId(), ZOLDrwParseStandard::ANSI);
 }
 
 TEST_F(ParentStandard, AnsiWithOtherDatumModeStaysAnsiAfterOneReport) {
-  Driver d(name, WithParent("ANSI", "0"));
-  d.Decode();
+  Decoded d(name, WithParent("ANSI", "0"));
   EXPECT_EQ(d.GetParentStandard().str(), "ANSI");
   EXPECT_EQ(r.CountContaining("Invalid TXTDatumMode"), 1);
   reports = 1;
 }
 
 TEST_F(ParentStandard, DatumModeIsReadOnlyForAnsi) {
-  Driver d(name, WithParent("JIS", "1"));
-  d.Decode();
+  Decoded d(name, WithParent("JIS", "1"));
   EXPECT_EQ(d.GetParentStandard().str(), "JIS");
   EXPECT_EQ(d.GetParentStandardId(), ZOLDrwParseStandard::JIS);
 }
@@ -161,8 +164,7 @@ TEST_F(ParentStandard, DatumModeIsReadOnlyForAnsi) {
 TEST_F(ParentStandard, MissingNodeGivesEmptyParentNotIso) {
   std::vector<std::string> lines = {"N Root:Dimension"};
   lines.insert(lines.end(), std::begin(kStyles), std::end(kStyles));
-  Driver d(name, lines);
-  d.Decode();
+  Decoded d(name, lines);
   EXPECT_EQ(d.GetParentStandard().str(), "");
   EXPECT_EQ(r.Count(), 0);
   EXPECT_EQ(d.GetParentStandardId(), 0);
@@ -197,8 +199,7 @@ TEST_F(Decode, MissingFileGivesAnEmptyTreeOfReleaseNine) {
 }
 
 TEST_F(Decode, SecondDecodeChangesNothing) {
-  Driver d(name, WithParent("JIS"));
-  d.Decode();
+  Decoded d(name, WithParent("JIS"));
   ZOLAnnStandardXMLParser* first = d.Parser();
   d.Decode();
   EXPECT_EQ(d.Parser(), first);
@@ -236,8 +237,7 @@ TEST_F(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) 
   for (int start : {-1, 0}) {
     r.Clear();
     std::vector<ZOLDrwMigrationStage> chain = RecordingChain();
-    Driver d(name, WithParent("ISO"), chain.data(), static_cast<int>(chain.size()));
-    d.Decode();
+    Decoded d(name, WithParent("ISO"), chain);
     d.SetStartLevel(start);
     g_ran.clear();
     ZOLDrwParseStandardUpgradeOptions options;
@@ -253,8 +253,7 @@ TEST_F(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) 
 TEST_F(UpgradeWalk, UnbuiltStageStopsThePassAndIsReported) {
   std::vector<ZOLDrwMigrationStage> chain = RecordingChain();
   chain[12].step = nullptr;  // stage 13, 120 to 130
-  Driver d(name, WithParent("ISO"), chain.data(), static_cast<int>(chain.size()));
-  d.Decode();
+  Decoded d(name, WithParent("ISO"), chain);
   d.SetStartLevel(100);
   g_ran.clear();
   ZOLDrwParseStandardUpgradeOptions options;
@@ -281,8 +280,7 @@ TEST_F(UpgradeWalk, BlockedUpgradeWritesNoFile) {
   std::string out = std::filesystem::temp_directory_path() / ("qelstd-blocked-" + std::to_string(getpid()) + ".xml");
   std::filesystem::remove(out);
   ZOLUnicodeString name("/somewhere/std.xml");
-  Driver d(name, WithParent("ISO", nullptr));
-  d.Decode();
+  Decoded d(name, WithParent("ISO", nullptr));
   d.SetStartLevel(150);
   ZOLDrwParseStandardUpgradeOptions options;
   d.EncodeToVersion(-1, options, out.c_str());
@@ -309,16 +307,14 @@ TEST_F(UpgradeWalk, ShippedChainListsEveryStageInOrder) {
 }
 
 TEST_F(ChangeStyleValue, ChangesEveryStyleWhenAllHoldTheOldValue) {
-  Driver d(name, StylesWithParent("JIS"));
-  d.Decode();
+  Decoded d(name, StylesWithParent("JIS"));
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 12, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
   for (const char* s : {"Default", "Custom", "Last"})
     EXPECT_EQ(Text(d.Parser(), (std::string("Root.Styles.Text.") + s + ".Font").c_str()), "Mono") << s;
 }
 
 TEST_F(ChangeStyleValue, StopsAtTheFirstStyleThatDiffers) {
-  Driver d(name, StylesWithParent("ISO"));
-  d.Decode();
+  Decoded d(name, StylesWithParent("ISO"));
   ASSERT_EQ(d.Parser()->ChangeValueWithPath("Root.Styles.Text.Custom.Font:Courier"), 0);
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 0);
   EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Mono") << "styles before it stay changed";
@@ -328,16 +324,14 @@ TEST_F(ChangeStyleValue, StopsAtTheFirstStyleThatDiffers) {
 }
 
 TEST_F(ChangeStyleValue, ValueOfAnotherTypeStopsTheChange) {
-  Driver d(name, StylesWithParent("ISO"));
-  d.Decode();
+  Decoded d(name, StylesWithParent("ISO"));
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::EnumValue, "Arial", "Mono"), 0);
   EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
   reports = 1;
 }
 
 TEST_F(ChangeStyleValue, MaskWithoutTheParentSucceedsWithoutLookingAtTheTree) {
-  Driver d(name, StylesWithParent("JIS"));
-  d.Decode();
+  Decoded d(name, StylesWithParent("JIS"));
   EXPECT_EQ(d.ChangeStyleValue("Root.No.Such.Family", "Font", 7, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 3, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
   EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
@@ -346,8 +340,7 @@ TEST_F(ChangeStyleValue, MaskWithoutTheParentSucceedsWithoutLookingAtTheTree) {
 TEST_F(ChangeStyleValue, MissingFamilyEmptyFamilyAndBadArgumentsGiveZero) {
   std::vector<std::string> lines = StylesWithParent("ISO");
   lines.push_back("N Root.Styles:Empty");
-  Driver d(name, lines);
-  d.Decode();
+  Decoded d(name, lines);
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.None", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Empty", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 0, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
@@ -429,8 +422,7 @@ void TableStep(ZOLDrwMigrationContext& c) { ZOLDrwRunEditTable(c, kTestTable); }
 TEST_F(EditTable, LinesRunUnderTheirParentMaskAndOptionCondition) {
   const ZOLDrwMigrationStage chain[] = {{100, 110, ZOLDrwMigrationStage::EditsTree, "TableStep", &TableStep}};
   for (bool update : {false, true}) {
-    Driver d(name, StylesWithParent("ASME"), chain, 1);
-    d.Decode();
+    Decoded d(name, StylesWithParent("ASME"), chain, 1);
     d.SetStartLevel(100);
     ZOLDrwParseStandardUpgradeOptions options;
     options.UpdateDefaultValues = update;
