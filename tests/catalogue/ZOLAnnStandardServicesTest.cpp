@@ -72,20 +72,21 @@ struct Listed {
   std::unique_ptr<T[]> items;
 };
 
-Listed<ZOLDrwStdSheetStyle> SheetStyles(ZOLAnnStandardServices& services) {
-  Listed<ZOLDrwStdSheetStyle> out;
-  ZOLDrwStdSheetStyle* items = nullptr;
-  out.hr = services.GetAvailableSheetStyles(&items, out.count);
+template <typename T>
+Listed<T> List(long (ZOLAnnStandardServices::*get)(T**, int&), ZOLAnnStandardServices& services) {
+  Listed<T> out;
+  T* items = nullptr;
+  out.hr = (services.*get)(&items, out.count);
   out.items.reset(items);
   return out;
 }
 
+Listed<ZOLDrwStdSheetStyle> SheetStyles(ZOLAnnStandardServices& services) {
+  return List(&ZOLAnnStandardServices::GetAvailableSheetStyles, services);
+}
+
 Listed<ZOLDrwStdSheetFormat> SheetFormats(ZOLAnnStandardServices& services) {
-  Listed<ZOLDrwStdSheetFormat> out;
-  ZOLDrwStdSheetFormat* items = nullptr;
-  out.hr = services.GetAvailableSheetFormats(&items, out.count);
-  out.items.reset(items);
-  return out;
+  return List(&ZOLAnnStandardServices::GetAvailableSheetFormats, services);
 }
 
 // The result of the scale query and the scale, which starts at start.
