@@ -62,6 +62,12 @@ Found Find(const char* name, bool inRepository) {
   return {hr, path.str()};
 }
 
+class FindInCollections : public testing::Test {
+protected:
+  Catalogue c;
+};
+class FindWorkingCopy : public FindInCollections {};
+
 }  // namespace
 
 TEST(StandardRepository, DirectoriesOfBothVariablesSplitOnColonSiteFirst) {
@@ -107,16 +113,14 @@ TEST(StandardRepository, CopyTakesTheFirstDirectoryThatHasTheFile) {
   EXPECT_EQ(ZOLStdServices::CopyStandard("Other", "drafting", c.root / "no/such/dir/out.xml"), E_FAIL);
 }
 
-TEST(FindInCollections, FirstDirectoryHoldingTheFileGivesItsPath) {
-  Catalogue c;
+TEST_F(FindInCollections, FirstDirectoryHoldingTheFileGivesItsPath) {
   WriteText(c.delivered + "/drafting/Company.xml", "delivered");
   EXPECT_EQ(Find("Company", true), Found(S_OK, c.delivered + "/drafting/Company.xml"));
   WriteText(c.site + "/drafting/Company.xml", "site");
   EXPECT_EQ(Find("Company", true), Found(S_OK, c.site + "/drafting/Company.xml"));
 }
 
-TEST(FindInCollections, UnknownNameOrEmptyRepositoryFailsAndLeavesThePath) {
-  Catalogue c;
+TEST_F(FindInCollections, UnknownNameOrEmptyRepositoryFailsAndLeavesThePath) {
   EXPECT_EQ(Find("None", true), Found(E_FAIL, "unchanged"));
   c.env.Set("ZOLCollectionStandard", "");
   c.env.Set("ZOLDefaultCollectionStandard", "");
@@ -124,23 +128,20 @@ TEST(FindInCollections, UnknownNameOrEmptyRepositoryFailsAndLeavesThePath) {
   EXPECT_TRUE(fs::is_empty(c.work)) << "the repository search makes no working copy";
 }
 
-TEST(FindInCollections, NoRepositoryVariableIsSaidOnStandardOutput) {
-  EnvOverride env;
-  env.Clear();
+TEST_F(FindInCollections, NoRepositoryVariableIsSaidOnStandardOutput) {
+  c.env.Clear();
   testing::internal::CaptureStdout();
   EXPECT_EQ(Find("ISO", true), Found(E_FAIL, "unchanged"));
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "ZOLDefaultCollectionStandard and ZOLCollectionStandard not defined.\n");
 }
 
-TEST(FindWorkingCopy, RepositoryFileIsCopiedToTheWorkingDirectory) {
-  Catalogue c;
+TEST_F(FindWorkingCopy, RepositoryFileIsCopiedToTheWorkingDirectory) {
   WriteText(c.delivered + "/drafting/Company.xml", "<company/>");
   EXPECT_EQ(Find("Company", false), Found(0, c.work + "/Company.xml"));
   EXPECT_EQ(ReadText(c.work + "/Company.xml"), "<company/>");
 }
 
-TEST(FindWorkingCopy, AdlOdtOutGoesBeforeZolTemp) {
-  Catalogue c;
+TEST_F(FindWorkingCopy, AdlOdtOutGoesBeforeZolTemp) {
   WriteText(c.site + "/drafting/Company.xml", "x");
   c.env.Set("ZOLTemp", c.root / "temp-not-read");
   EXPECT_EQ(Find("Company", false), Found(0, c.work + "/Company.xml"));
@@ -150,8 +151,7 @@ TEST(FindWorkingCopy, AdlOdtOutGoesBeforeZolTemp) {
   EXPECT_EQ(Find("Company", false), Found(0, c.work + "/temp/Company.xml"));
 }
 
-TEST(FindWorkingCopy, NoWorkingDirectoryIsSaidAndNothingIsWritten) {
-  Catalogue c;
+TEST_F(FindWorkingCopy, NoWorkingDirectoryIsSaidAndNothingIsWritten) {
   WriteText(c.site + "/drafting/Company.xml", "x");
   c.env.Unset("ADL_ODT_OUT");
   c.env.Set("ZOLTemp", "");
@@ -162,31 +162,27 @@ TEST(FindWorkingCopy, NoWorkingDirectoryIsSaidAndNothingIsWritten) {
   EXPECT_FALSE(fs::exists("Company.xml")) << "never the current directory";
 }
 
-TEST(FindWorkingCopy, WorkingCopyLeftByAnEarlierCallIsServedForAnyName) {
-  Catalogue c;
+TEST_F(FindWorkingCopy, WorkingCopyLeftByAnEarlierCallIsServedForAnyName) {
   WriteText(c.work + "/Gone.xml", "stale");
   EXPECT_EQ(Find("Gone", false), Found(0, c.work + "/Gone.xml"));
   EXPECT_EQ(ReadText(c.work + "/Gone.xml"), "stale");
   EXPECT_EQ(Find("../work/Gone", false), Found(1, "unchanged"));
 }
 
-TEST(FindWorkingCopy, AlternateComesFromTheDrawingKind) {
-  Catalogue c;
+TEST_F(FindWorkingCopy, AlternateComesFromTheDrawingKind) {
   WriteText(c.delivered + "/xDrawing/JIS_Alternate.xml", "alternate");
   EXPECT_EQ(Find("JIS_Alternate", false).first, 0);
   EXPECT_EQ(ReadText(c.work + "/JIS_Alternate.xml"), "alternate");
   EXPECT_EQ(Find("ISO_Alternate", false), Found(1, "unchanged"));
 }
 
-TEST(FindWorkingCopy, RepositoryFileGoesBeforeTheBuiltinText) {
-  Catalogue c;
+TEST_F(FindWorkingCopy, RepositoryFileGoesBeforeTheBuiltinText) {
   WriteText(c.site + "/drafting/ISO.xml", "site iso");
   EXPECT_EQ(Find("ISO", false), Found(0, c.work + "/ISO.xml"));
   EXPECT_EQ(ReadText(c.work + "/ISO.xml"), "site iso");
 }
 
-TEST(FindWorkingCopy, StaleWorkingCopyWinsOverTheBuiltinTextButNotOverTheRepository) {
-  Catalogue c;
+TEST_F(FindWorkingCopy, StaleWorkingCopyWinsOverTheBuiltinTextButNotOverTheRepository) {
   WriteText(c.work + "/ISO.xml", "stale");
   EXPECT_EQ(Find("ISO", false), Found(0, c.work + "/ISO.xml"));
   EXPECT_EQ(ReadText(c.work + "/ISO.xml"), "stale") << "the built-in text is written only where no working copy stands";
@@ -195,8 +191,7 @@ TEST(FindWorkingCopy, StaleWorkingCopyWinsOverTheBuiltinTextButNotOverTheReposit
   EXPECT_EQ(ReadText(c.work + "/ISO.xml"), "site iso");
 }
 
-TEST(FindWorkingCopy, EachBuiltinIsWrittenWhenTheRepositoryIsEmpty) {
-  Catalogue c;
+TEST_F(FindWorkingCopy, EachBuiltinIsWrittenWhenTheRepositoryIsEmpty) {
   c.env.Unset("ZOLCollectionStandard");
   c.env.Unset("ZOLDefaultCollectionStandard");
   for (const char* name : {"ISO", "JIS", "ANSI-ASME"}) {
@@ -206,8 +201,7 @@ TEST(FindWorkingCopy, EachBuiltinIsWrittenWhenTheRepositoryIsEmpty) {
   EXPECT_EQ(Find("ASME", false).first, 1) << "the file name is ANSI-ASME";
 }
 
-TEST(FindWorkingCopy, WorkingDirectoryThatCannotBeWrittenGivesOne) {
-  Catalogue c;
+TEST_F(FindWorkingCopy, WorkingDirectoryThatCannotBeWrittenGivesOne) {
   WriteText(c.site + "/drafting/Company.xml", "x");
   WriteText(c.root / "plain-file", "not a directory");
   c.env.Set("ADL_ODT_OUT", c.root / "plain-file");
