@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <filesystem>
 #include <string>
 #include <sys/wait.h>
 
@@ -25,6 +24,6 @@ inline QelstdRun RunQelstd(const std::string& args, const std::string& prefix = 
   return run;
 }
 
-#define QELSTD_REQUIRE_BINARY()                                                                  \
-  if (std::string(QELSTD_QELSTD_EXE).empty() || !std::filesystem::exists(QELSTD_QELSTD_EXE)) \
-  GTEST_SKIP() << "qelstd is not built"
+/// Skips when this build has no qelstd; a configured binary that is missing fails the test.
+#define QELSTD_REQUIRE_BINARY() \
+  if (std::string(QELSTD_QELSTD_EXE).empty()) GTEST_SKIP() << "qelstd is not built"
