@@ -181,6 +181,31 @@ TEST(TransientLoad, RealsReadWithAPointWhateverTheLocale) {
   EXPECT_EQ(r.Count(), 0);
 }
 
+TEST(TransientLoad, NumbersReadAsTheGeneralReaderReadsThem) {
+  ZOLTestReports r;
+  // Plain decimals take a short way at load; signs, blanks, exponents, long mantissas and trailing
+  // text must come out as the general reader gives them.
+  const char* reals[] = {"0.13", "-2.5", "+3", " 7", "1e3", "2.5E-2", "0.1234567890123456789", "1189", "-0", "3.5mm", "abc", ""};
+  const char* ints[] = {"42", "-7", "+3", " 12", "22,", "2147483647", "-2147483648", "2147483648", "x1", ""};
+  std::string body;
+  for (size_t i = 0; i < std::size(reals); ++i) body += Node("R" + std::to_string(i), Real(reals[i]));
+  for (size_t i = 0; i < std::size(ints); ++i) body += Node("I" + std::to_string(i), Int(ints[i]));
+  auto s = FromBody(body);
+  for (size_t i = 0; i < std::size(reals); ++i) {
+    double expected = 0.0, got = -1.0;
+    ZOLUnicodeString(reals[i]).ConvertToNum(&expected, "%le");
+    EXPECT_EQ(s->GetValue(("R" + std::to_string(i)).c_str(), 1, got), S_OK) << reals[i];
+    EXPECT_EQ(got, expected) << reals[i];
+  }
+  for (size_t i = 0; i < std::size(ints); ++i) {
+    int expected = 0, got = -1;
+    ZOLUnicodeString(ints[i]).ConvertToNum(&expected, "%d");
+    EXPECT_EQ(s->GetValue(("I" + std::to_string(i)).c_str(), 1, got), S_OK) << ints[i];
+    EXPECT_EQ(got, expected) << ints[i];
+  }
+  EXPECT_EQ(r.Count(), 0);
+}
+
 TEST(TransientLoad, BrokenDocumentAnswersFromTheCachesWhileTreeLookupsFail) {
   ZOLTestReports r;
   ZOLUnicodeString text(kOpen + Node("Version", Int("230")) + Node("Gap", Real("0.5")) + "<std:node name=\"Cut\"><std:intv");
