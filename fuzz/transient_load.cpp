@@ -1,5 +1,6 @@
 // Loads arbitrary text as a standard object and reads a few paths of every kind. Only the two
-// exceptions of a malformed colour may leave the load or a getter.
+// exceptions of a malformed colour may leave the load or a getter. The same text read through the
+// object's content handler must give the same object, or the same exception.
 #include <cstddef>
 #include <cstdint>
 #include <stdexcept>
@@ -8,6 +9,7 @@
 
 #include "ZOLDftStandardServices.h"
 #include "ZOLSysLog.h"
+#include "../tests/common/ZOLTransientLanes.h"
 
 namespace {
 
@@ -51,11 +53,30 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   }();
   (void)quiet;
   ZOLUnicodeString text(std::string(reinterpret_cast<const char*>(data), size));
+  // What each lane made of the text: the object described, or the exception's text.
+  std::string lean, general;
+  ZOLIDrwStandard_var s;
   try {
-    ZOLIDrwStandard_var s = ZOLDftStandardServices::GetStandardFromBuffer(&text, "Fuzz");
+    s = ZOLDftStandardServices::GetStandardFromBuffer(&text, "Fuzz");
+    if (s) lean = ZOLDescribeTransient(*static_cast<ZOLVotTransientStandard*>(s->GetImpl()));
+  } catch (const std::invalid_argument& e) {
+    lean = e.what();
+  } catch (const std::out_of_range& e) {
+    lean = e.what();
+  }
+  try {
     if (s) ReadSome(s, size);
   } catch (const std::invalid_argument&) {
   } catch (const std::out_of_range&) {
   }
+  try {
+    ZOLIDrwStandard_var g = ZOLLoadThroughContentHandler(text.str());
+    general = ZOLDescribeTransient(*static_cast<ZOLVotTransientStandard*>(g->GetImpl()));
+  } catch (const std::invalid_argument& e) {
+    general = e.what();
+  } catch (const std::out_of_range& e) {
+    general = e.what();
+  }
+  if (lean != general) __builtin_trap();
   return 0;
 }

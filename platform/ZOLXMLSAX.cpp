@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -157,6 +158,20 @@ private:
   Entry _scratch;
 };
 
+// The parser's dictionary, for a lean handler to intern the names it looks out for.
+class Dictionary final : public ZOLISAXDictionary {
+public:
+  explicit Dictionary(xmlDictPtr dict) : _dict(dict) {}
+  const char* Intern(std::string_view text) const override {
+    if (!_dict || text.size() > INT_MAX) return nullptr;
+    return reinterpret_cast<const char*>(
+        xmlDictLookup(_dict, reinterpret_cast<const xmlChar*>(text.data()), static_cast<int>(text.size())));
+  }
+
+private:
+  xmlDictPtr _dict;
+};
+
 class Reader final : public ZOLISAXXMLReader {
 public:
   HRESULT SetFeature(std::string_view uri, bool value) override {
@@ -165,6 +180,7 @@ public:
   }
   HRESULT SetErrorHandler(ZOLISAXErrorHandler* handler) override { _errors = handler; return S_OK; }
   HRESULT SetContentHandler(ZOLISAXContentHandler* handler) override { _content = handler; return S_OK; }
+  HRESULT SetLeanContentHandler(ZOLISAXLeanContentHandler* handler) override { _lean = handler; return S_OK; }
   HRESULT Parse(const ZOLIXMLInputSource& source) override;
 
 private:
@@ -197,10 +213,19 @@ private:
                              const xmlChar** attributes);
   static void OnEndElement(void* ctx, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri);
   static void OnCharacters(void* ctx, const xmlChar* text, int len);
+  static void OnStartElementLean(void* ctx, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri,
+                                 int nbNamespaces, const xmlChar** namespaces, int nbAttributes, int nbDefaulted,
+                                 const xmlChar** attributes);
+  static void OnEndElementLean(void* ctx, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri);
+  static void OnCharactersLean(void* ctx, const xmlChar* text, int len);
+  // Prefix mappings of an element, opened at its start and closed at its end.
+  void StartPrefixes(int count, const xmlChar** namespaces);
+  void EndPrefixes();
   static void OnProcessingInstruction(void* ctx, const xmlChar* target, const xmlChar* data);
   static void OnError(void* ctx, xmlErrorPtr error);
 
   ZOLISAXContentHandler* _content = nullptr;
+  ZOLISAXLeanContentHandler* _lean = nullptr;
   ZOLISAXErrorHandler* _errors = nullptr;
   xmlParserCtxtPtr _ctxt = nullptr;
   const ZOLIXMLInputSource* _source = nullptr;
@@ -231,12 +256,7 @@ void Reader::OnStartElement(void* ctx, const xmlChar* localName, const xmlChar* 
                             const xmlChar** attributes) {
   Reader* r = Self(ctx);
   ++r->_depth;
-  if (nbNamespaces > 0) r->_prefixCounts.emplace_back(r->_depth, nbNamespaces);
-  for (int i = 0; i < nbNamespaces; ++i) {
-    std::string_view p = View(namespaces[2 * i]);
-    r->_prefixes.emplace_back(p);
-    if (r->_content) r->Call([&] { return r->_content->StartPrefixMapping(p, View(namespaces[2 * i + 1])); });
-  }
+  if (nbNamespaces > 0) r->StartPrefixes(nbNamespaces, namespaces);
   if (!r->_content) return;
   r->Call([&] {
     const ElementNames::Names& n = r->_names.Get(localName, prefix, uri);
@@ -253,23 +273,65 @@ void Reader::OnEndElement(void* ctx, const xmlChar* localName, const xmlChar* pr
       return r->_content->EndElement(n.uri, n.local, n.qualified);
     });
   }
-  int declared = 0;
-  if (!r->_prefixCounts.empty() && r->_prefixCounts.back().first == r->_depth) {
-    declared = r->_prefixCounts.back().second;
-    r->_prefixCounts.pop_back();
-  }
-  --r->_depth;
-  for (int i = 0; i < declared && !r->_prefixes.empty(); ++i) {
-    std::string p = std::move(r->_prefixes.back());
-    r->_prefixes.pop_back();
-    if (r->_content) r->Call([&] { return r->_content->EndPrefixMapping(p); });
-  }
+  r->EndPrefixes();
 }
 
 void Reader::OnCharacters(void* ctx, const xmlChar* text, int len) {
   Reader* r = Self(ctx);
   if (!r->_content || len <= 0) return;
   r->Call([&] { return r->_content->Characters(std::string_view(reinterpret_cast<const char*>(text), static_cast<size_t>(len))); });
+}
+
+void Reader::OnStartElementLean(void* ctx, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri,
+                                int nbNamespaces, const xmlChar** namespaces, int nbAttributes, int,
+                                const xmlChar** attributes) {
+  Reader* r = Self(ctx);
+  ++r->_depth;
+  if (nbNamespaces > 0) r->StartPrefixes(nbNamespaces, namespaces);
+  r->Call([&] {
+    const ZOLSAXName name{reinterpret_cast<const char*>(localName), reinterpret_cast<const char*>(prefix),
+                          reinterpret_cast<const char*>(uri)};
+    return r->_lean->StartElement(name, ZOLSAXAttributeList(attributes, nbAttributes));
+  });
+}
+
+void Reader::OnEndElementLean(void* ctx, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri) {
+  Reader* r = Self(ctx);
+  r->Call([&] {
+    const ZOLSAXName name{reinterpret_cast<const char*>(localName), reinterpret_cast<const char*>(prefix),
+                          reinterpret_cast<const char*>(uri)};
+    return r->_lean->EndElement(name);
+  });
+  r->EndPrefixes();
+}
+
+void Reader::OnCharactersLean(void* ctx, const xmlChar* text, int len) {
+  Reader* r = Self(ctx);
+  if (len <= 0) return;
+  r->Call([&] { return r->_lean->Characters(std::string_view(reinterpret_cast<const char*>(text), static_cast<size_t>(len))); });
+}
+
+void Reader::StartPrefixes(int count, const xmlChar** namespaces) {
+  _prefixCounts.emplace_back(_depth, count);
+  for (int i = 0; i < count; ++i) {
+    std::string_view p = View(namespaces[2 * i]);
+    _prefixes.emplace_back(p);
+    if (_content) Call([&] { return _content->StartPrefixMapping(p, View(namespaces[2 * i + 1])); });
+  }
+}
+
+void Reader::EndPrefixes() {
+  int declared = 0;
+  if (!_prefixCounts.empty() && _prefixCounts.back().first == _depth) {
+    declared = _prefixCounts.back().second;
+    _prefixCounts.pop_back();
+  }
+  --_depth;
+  for (int i = 0; i < declared && !_prefixes.empty(); ++i) {
+    std::string p = std::move(_prefixes.back());
+    _prefixes.pop_back();
+    if (_content) Call([&] { return _content->EndPrefixMapping(p); });
+  }
 }
 
 void Reader::OnProcessingInstruction(void* ctx, const xmlChar* target, const xmlChar* data) {
@@ -334,13 +396,13 @@ HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
   sax.initialized = XML_SAX2_MAGIC;
   sax.startDocument = OnStartDocument;
   sax.endDocument = OnEndDocument;
-  sax.startElementNs = OnStartElement;
-  sax.endElementNs = OnEndElement;
-  sax.characters = OnCharacters;
-  sax.cdataBlock = OnCharacters;
+  sax.startElementNs = _lean ? OnStartElementLean : OnStartElement;
+  sax.endElementNs = _lean ? OnEndElementLean : OnEndElement;
+  sax.characters = _lean ? OnCharactersLean : OnCharacters;
+  sax.cdataBlock = sax.characters;
   // The same function for both keeps libxml2 from guessing which blanks are ignorable: without a
   // DTD none are.
-  sax.ignorableWhitespace = OnCharacters;
+  sax.ignorableWhitespace = sax.characters;
   sax.processingInstruction = OnProcessingInstruction;
   sax.serror = OnError;
 
@@ -357,10 +419,14 @@ HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
   _names.Reset(_ctxt->dict);
   _lastAttribute = AttributeMemo();
   _lastAttribute.dict = _ctxt->dict;
+  if (_lean) {
+    Dictionary dictionary(_ctxt->dict);
+    Call([&] { return _lean->StartParse(dictionary); });
+  }
 
   if (file) {
     std::vector<char> buffer(kChunk);
-    bool going = true;
+    bool going = !_stopped;
     while (going) {
       size_t n = std::fread(buffer.data(), 1, buffer.size(), file);
       if (n == 0) break;
@@ -374,7 +440,7 @@ HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
     std::fclose(file);
   } else {
     std::string_view text = source.GetText();
-    bool going = true;
+    bool going = !_stopped;
     // Pieces of a megabyte keep the parser's own buffer small on texts of any size.
     for (size_t pos = 0; going && pos < text.size(); pos += kTextChunk)
       going = Feed(text.data() + pos, std::min(kTextChunk, text.size() - pos), false);

@@ -45,6 +45,60 @@ public:
   virtual int EndPrefixMapping(std::string_view prefix) = 0;
 };
 
+/// The name of an element or attribute as the parser holds it, in parts; prefix and URI are null
+/// when absent. The parts are texts of the parse's dictionary, which holds each text once and
+/// keeps it in place until the parse ends: parts at the same address are the same text (texts
+/// that did not come from the dictionary are still compared by content by a careful handler).
+struct ZOLSAXName {
+  const char* local = nullptr;
+  const char* prefix = nullptr;
+  const char* uri = nullptr;
+};
+
+/// The attributes of a start tag as the parser holds them, without copies.
+class ZOLSAXAttributeList {
+public:
+  /// Over count attributes of five pointers each: local name, prefix, URI, value, value end.
+  ZOLSAXAttributeList(const unsigned char* const* attributes, int count) : _attributes(attributes), _count(count) {}
+  int Count() const { return _count; }
+  ZOLSAXName Name(int i) const {
+    const unsigned char* const* a = _attributes + 5 * i;
+    return {Text(a[0]), Text(a[1]), Text(a[2])};
+  }
+  /// The decoded value (not terminated).
+  std::string_view Value(int i) const {
+    const unsigned char* const* a = _attributes + 5 * i;
+    return {Text(a[3]), static_cast<size_t>(a[4] - a[3])};
+  }
+
+private:
+  static const char* Text(const unsigned char* s) { return reinterpret_cast<const char*>(s); }
+  const unsigned char* const* _attributes;
+  int _count;
+};
+
+/// Finds texts in the dictionary of a parse.
+class ZOLISAXDictionary {
+public:
+  virtual ~ZOLISAXDictionary() = default;
+  /// The dictionary's copy of text, added if absent; valid until the parse ends; null when out of memory.
+  virtual const char* Intern(std::string_view text) const = 0;
+};
+
+/// A content handler for documents of many small elements: elements come with their names in
+/// parts, as the parser's dictionary holds them, so that the handler can tell names apart by
+/// address instead of by text. Results: 0 to go on.
+class ZOLISAXLeanContentHandler {
+public:
+  virtual ~ZOLISAXLeanContentHandler() = default;
+  /// Before the first element, with the dictionary of the parse, for the names to look out for.
+  virtual int StartParse(const ZOLISAXDictionary& dictionary) = 0;
+  virtual int StartElement(const ZOLSAXName& name, const ZOLSAXAttributeList& attributes) = 0;
+  virtual int EndElement(const ZOLSAXName& name) = 0;
+  /// Character data, text and CDATA alike; one run may arrive in several calls.
+  virtual int Characters(std::string_view text) = 0;
+};
+
 /// Receives the problems of a parse. Results: 0 to go on where the parser can.
 class ZOLISAXErrorHandler {
 public:
@@ -98,6 +152,10 @@ public:
   virtual HRESULT SetErrorHandler(ZOLISAXErrorHandler* handler) = 0;
   /// The handler for content; not owned; null for none.
   virtual HRESULT SetContentHandler(ZOLISAXContentHandler* handler) = 0;
+  /// A lean handler that takes elements and character data in place of the content handler,
+  /// which keeps the other events; not owned; null for none. E_NOTIMPL where the reader has no
+  /// such lane.
+  virtual HRESULT SetLeanContentHandler(ZOLISAXLeanContentHandler*) { return E_NOTIMPL; }
   /// Parses the source in one pass. S_OK for a well-formed document, E_FAIL when it stops on an
   /// error (what was handed to the handlers stays handed). An exception thrown by a handler stops
   /// the parse and is rethrown to the caller of Parse.

@@ -77,6 +77,10 @@ public:
   void reserve(size_t n) {
     if (n > _capacity) Reallocate(n);
   }
+  /// Drops the characters from n on; n is at most size().
+  void Truncate(size_t n) { _size = n; }
+  /// All the characters, as a view valid until the next change.
+  std::string_view View() const { return {_data.get(), _size}; }
   /// Copies text, which may lie in the store itself, to the end; the span of the copy.
   [[gnu::always_inline]] ZOLVotSpan Append(std::string_view text) {
     const size_t n = text.size();
@@ -112,7 +116,7 @@ private:
 inline std::string_view ZOLVotView(const ZOLVotChars& chars, ZOLVotSpan s) { return {chars.data() + s.off, s.len}; }
 
 /// Copies text to the end of a character store; the span of the copy.
-inline ZOLVotSpan ZOLVotStore(ZOLVotChars& chars, std::string_view text) { return chars.Append(text); }
+[[gnu::always_inline]] inline ZOLVotSpan ZOLVotStore(ZOLVotChars& chars, std::string_view text) { return chars.Append(text); }
 
 namespace ZOLVotHashDetail {
 inline uint64_t Mix(uint64_t a, uint64_t b) {

@@ -80,9 +80,9 @@ bool IsValueKind(Kind k) {
 }
 
 // Cuts a path before its last "."; a path without one becomes empty.
-void RemoveLastComponent(std::string& path) {
-  const void* dot = path.empty() ? nullptr : memrchr(path.data(), '.', path.size());
-  path.resize(dot ? static_cast<const char*>(dot) - path.data() : 0);
+void RemoveLastComponent(ZOLVotChars& path) {
+  const void* dot = path.size() ? memrchr(path.data(), '.', path.size()) : nullptr;
+  path.Truncate(dot ? static_cast<size_t>(static_cast<const char*>(dot) - path.data()) : 0);
 }
 
 std::string_view ParentOf(std::string_view path) {
@@ -166,6 +166,63 @@ void WriteStrings(const ZOLVotChars& chars, const std::vector<ZOLVotSpan>& list,
 // ---------------------------------------------------------------------------------------------
 // Construction and load
 
+// The load's own lane through the reader: element kinds and the "name" attribute are told apart
+// by the address of their names in the parser's dictionary, with the text compared only for
+// names that are not the usual ones. Same results as the content handler's lane.
+class ZOLVotTransientStandard::LeanLoad final : public ZOLISAXLeanContentHandler {
+public:
+  explicit LeanLoad(ZOLVotTransientStandard& standard) : _standard(standard) {}
+
+  int StartParse(const ZOLISAXDictionary& dictionary) override {
+    _std = dictionary.Intern("std");
+    _name = dictionary.Intern("name");
+    // Most frequent first.
+    static constexpr Kind kOrder[] = {Kind::Node,    Kind::StrVal,   Kind::IntVal,  Kind::FloatVal, Kind::EnumVal,
+                                      Kind::TypeVal, Kind::ColorVal, Kind::EnumDef, Kind::TypeDef};
+    for (size_t i = 0; i < std::size(kOrder); ++i)
+      _locals[i] = {dictionary.Intern(kTypeNames[static_cast<int>(kOrder[i])].substr(4)), kOrder[i]};
+    return 0;
+  }
+
+  int StartElement(const ZOLSAXName& element, const ZOLSAXAttributeList& attributes) override {
+    std::string_view name;
+    for (int i = 0, n = attributes.Count(); i < n; ++i) {
+      const ZOLSAXName a = attributes.Name(i);
+      if (!a.prefix && ((_name && a.local == _name) || std::strcmp(a.local, "name") == 0)) {
+        name = attributes.Value(i);
+        break;
+      }
+    }
+    if (_std && element.prefix == _std) {
+      for (const auto& [local, kind] : _locals)
+        if (element.local == local) {
+          _standard.OpenNode(kind, name, {});
+          return 0;
+        }
+    }
+    // Another name, or one the dictionary does not hold: by its text.
+    _tag.clear();
+    if (element.prefix) _tag.append(element.prefix).append(1, ':');
+    _tag.append(element.local);
+    _standard.OpenNode(KindOf(_tag), name, _tag);
+    return 0;
+  }
+
+  int EndElement(const ZOLSAXName&) override {
+    _standard.CloseNode();
+    return 0;
+  }
+
+  int Characters(std::string_view text) override { return _standard.Characters(text); }
+
+private:
+  ZOLVotTransientStandard& _standard;
+  const char* _std = nullptr;
+  const char* _name = nullptr;
+  std::pair<const char*, Kind> _locals[9] = {};
+  std::string _tag;
+};
+
 ZOLVotTransientStandard::ZOLVotTransientStandard(const ZOLUnicodeString& filePath, const ZOLUnicodeString& name)
     : _Name(name), _FilePath(filePath) {
   if (FAILED(Load(&filePath, false))) ZOLAssertBool("Load of the standard failed");
@@ -227,6 +284,9 @@ HRESULT ZOLVotTransientStandard::Load(const ZOLUnicodeString* source, bool isBuf
     ZOLAssertBool("The standard cannot handle its own load");
     return E_UNEXPECTED;
   }
+  // Elements and text take the lean lane where the reader has one; the content handler keeps the rest.
+  LeanLoad lean(*this);
+  reader->SetLeanContentHandler(&lean);
   return reader->Parse(*input);
 }
 
@@ -246,17 +306,26 @@ void ZOLVotTransientStandard::Reserve(size_t textBytes) {
 }
 
 void ZOLVotTransientStandard::FinishLoad() {
-  _Text.str().clear();
-  _Text.str().shrink_to_fit();
+  // The path buffers are load state only.
+  _CurrentPath = ZOLVotChars();
+  _PreviousPath = ZOLVotChars();
 }
 
 int ZOLVotTransientStandard::StartElement(std::string_view, std::string_view, std::string_view tag,
                                           const ZOLISAXAttributes& attributes) {
   std::string_view name;
   attributes.GetValue("name", name);
-  _Text.str().clear();
+  OpenNode(KindOf(tag), name, tag);
+  return 0;
+}
 
-  Kind kind = KindOf(tag);
+int ZOLVotTransientStandard::EndElement(std::string_view, std::string_view, std::string_view) {
+  CloseNode();
+  return 0;
+}
+
+void ZOLVotTransientStandard::OpenNode(Kind kind, std::string_view name, std::string_view tag) {
+  DropText();
   Node node;
   node.kind = kind;
   node.name = ZOLVotStore(_Chars, name);
@@ -266,13 +335,17 @@ int ZOLVotTransientStandard::StartElement(std::string_view, std::string_view, st
     node.typeLen = static_cast<uint16_t>(type.len);
   }
   _Nodes.push_back(node);
-  _Open.push_back({static_cast<uint32_t>(_Nodes.size() - 1), Node::kNone, name.empty()});
+  _Open.push_back({static_cast<uint32_t>(_Nodes.size() - 1), Node::kNone, kind, name.empty()});
+  if (IsValueKind(kind)) {
+    ++_OpenValues;
+    _Text = {static_cast<uint32_t>(_Chars.size()), 0};
+  }
 
   // The root, "Styles", typed entries and definitions add nothing to a path.
   bool silent = kind == Kind::TypeVal || kind == Kind::EnumDef || kind == Kind::TypeDef;
   if (!silent && !name.empty() && name != "drafting" && name != "Styles") {
-    if (!_CurrentPath.empty()) _CurrentPath += '.';
-    _CurrentPath += name;
+    if (_CurrentPath.size()) _CurrentPath.Append(".");
+    _CurrentPath.Append(name);
   }
   if (kind != Kind::TypeVal && _TypevalClosed) {
     _TypevalName.reset();
@@ -289,17 +362,27 @@ int ZOLVotTransientStandard::StartElement(std::string_view, std::string_view, st
   }
   if (kind == Kind::EnumDef) _EnumdefName.emplace(name);
   if (kind == Kind::TypeDef) _TypedefName.emplace(name);
+}
+
+int ZOLVotTransientStandard::Characters(std::string_view text) {
+  if (_OpenValues == 0) return 0;
+  // Something stored since the last piece (a definition's name): move the gathered text to the
+  // end so that it stays in one run.
+  if (_Text.len && _Text.off + _Text.len != _Chars.size()) _Text = ZOLVotStore(_Chars, ZOLVotView(_Chars, _Text));
+  if (!_Text.len) _Text.off = static_cast<uint32_t>(_Chars.size());
+  _Text.len += ZOLVotStore(_Chars, text).len;
   return 0;
 }
 
-int ZOLVotTransientStandard::EndElement(std::string_view, std::string_view, std::string_view tag) {
-  if (_Open.empty()) return 0;
-  Kind kind = KindOf(tag);
-  bool isValue = IsValueKind(kind);
-  OpenElement closing = _Open.back();
-  ZOLVotSpan text;
+void ZOLVotTransientStandard::CloseNode() {
+  if (_Open.empty()) return;
+  // The end tag names the element that its start tag named.
+  const OpenElement closing = _Open.back();
+  const Kind kind = closing.kind;
+  const bool isValue = IsValueKind(kind);
+  const ZOLVotSpan text = _Text;
   if (isValue) {
-    text = ZOLVotStore(_Chars, _Text.str());
+    --_OpenValues;
     _Nodes[closing.node].value = text;
   }
 
@@ -317,7 +400,8 @@ int ZOLVotTransientStandard::EndElement(std::string_view, std::string_view, std:
   if (isValue) {
     if (_EnumdefName) _EnumdefValues.push_back(text);
     else if (!_TypedefName) FileValue(kind, text);
-    _Text.str().clear();
+    // The value keeps its characters; what follows gathers anew.
+    _Text = {static_cast<uint32_t>(_Chars.size()), 0};
   }
   if (kind == Kind::EnumDef) {
     _EnumDefinitions[_EnumdefName ? *_EnumdefName : std::string()] = std::move(_EnumdefValues);
@@ -331,49 +415,52 @@ int ZOLVotTransientStandard::EndElement(std::string_view, std::string_view, std:
   // Kept on purpose: a named element removes a component even when it added none ("drafting",
   // "Styles", a typedef), so what follows a nested "Styles" comes out one level short.
   if (!closing.nameless && kind != Kind::TypeVal && kind != Kind::EnumDef) RemoveLastComponent(_CurrentPath);
-  return 0;
 }
 
-void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan text) {
+void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan span) {
   const int n = _TypevalIndex;
   if (n != _SuffixIndex) {
     _SuffixIndex = n;
-    _Suffix.assign(1, '.');
-    AppendNumber(_Suffix, n);
+    _Suffix[0] = '.';
+    _SuffixLength = static_cast<uint8_t>(std::to_chars(_Suffix + 1, _Suffix + sizeof _Suffix, n).ptr - _Suffix);
   }
+  const std::string_view text = ZOLVotView(_Chars, span);
   const size_t pathLength = _CurrentPath.size();
   const bool firstAtPath = pathLength != _PreviousPath.size() ||
                            !ZOLVotSameBytes(_CurrentPath.data(), _PreviousPath.data(), pathLength);
+  if (firstAtPath) {
+    _PreviousPath.Truncate(0);
+    _PreviousPath.Append(_CurrentPath.View());
+  }
   if (kind == Kind::ColorVal) {
     // A colour is keyed by the bare path, and only its first value at a path counts.
     if (firstAtPath) {
       std::vector<int> rgb;
-      SplitColor(_Text.str(), rgb);
-      _IntArrays[_CurrentPath] = std::move(rgb);
+      SplitColor(text, rgb);
+      _IntArrays[_CurrentPath.View()] = std::move(rgb);
     }
-    _PreviousPath = _CurrentPath;
     return;
   }
   // The key is the path and its index, built in place and cut back below.
-  _CurrentPath += _Suffix;
-  const std::string_view key = _CurrentPath;
+  _CurrentPath.Append({_Suffix, _SuffixLength});
+  const std::string_view key = _CurrentPath.View();
   const std::string_view path = key.substr(0, pathLength);
   if (firstAtPath) {
     switch (kind) {
       case Kind::IntVal:
-        _IntValues[key] = ReadInt(_Text);
+        _IntValues[key] = ReadInt(text);
         break;
       case Kind::FloatVal:
-        _DoubleValues[key] = ReadReal(_Text);
+        _DoubleValues[key] = ReadReal(text);
         break;
       case Kind::StrVal:
-        _StringValues[key] = text;
+        _StringValues[key] = span;
         break;
       case Kind::EnumVal:
         // The enum value's name is its type, not a path component: filed under the parent node.
         _Key.assign(ParentOf(path));
-        _Key += _Suffix;
-        _EnumValues[_Key] = text;
+        _Key.append(_Suffix, _SuffixLength);
+        _EnumValues[_Key] = span;
         break;
       default:
         break;
@@ -383,23 +470,27 @@ void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan text) {
     const uint64_t h = ZOLVotHash(key);
     switch (kind) {
       case Kind::IntVal: {
+        // Read before the array's key is stored: the store may move, and the text with it.
+        const int value = ReadInt(text);
         const int* first = _IntValues.Find(key, h);
         std::vector<int>& list = _IntArrays[path];
         if (first) {
           list.assign(1, *first);
           _IntValues.Erase(key, h);
         }
-        list.push_back(ReadInt(_Text));
+        list.push_back(value);
         break;
       }
       case Kind::FloatVal: {
+        // Read before the array's key is stored: the store may move, and the text with it.
+        const double value = ReadReal(text);
         const double* first = _DoubleValues.Find(key, h);
         std::vector<double>& list = _DoubleArrays[path];
         if (first) {
           list.assign(1, *first);
           _DoubleValues.Erase(key, h);
         }
-        list.push_back(ReadReal(_Text));
+        list.push_back(value);
         break;
       }
       case Kind::StrVal:
@@ -410,15 +501,14 @@ void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan text) {
           list.assign(1, *first);
           _StringValues.Erase(key, h);
         }
-        list.push_back(text);
+        list.push_back(span);
         break;
       }
       default:
         break;
     }
   }
-  _CurrentPath.resize(pathLength);
-  _PreviousPath = _CurrentPath;
+  _CurrentPath.Truncate(pathLength);
 }
 
 void ZOLVotTransientStandard::SplitColor(std::string_view text, std::vector<int>& oValues) {
@@ -535,21 +625,9 @@ int ZOLVotTransientStandard::ReadInt(std::string_view text) {
   return v;
 }
 
-int ZOLVotTransientStandard::ReadInt(const ZOLUnicodeString& text) {
-  int v = 0;
-  if (!ReadPlainInt(text.str(), v)) text.ConvertToNum(&v, "%d");
-  return v;
-}
-
 double ZOLVotTransientStandard::ReadReal(std::string_view text) {
   double d = 0.0;
   if (!ReadPlainReal(text, d)) ZOLUnicodeString(text).ConvertToNum(&d, "%le");
-  return d;
-}
-
-double ZOLVotTransientStandard::ReadReal(const ZOLUnicodeString& text) {
-  double d = 0.0;
-  if (!ReadPlainReal(text.str(), d)) text.ConvertToNum(&d, "%le");
   return d;
 }
 
@@ -574,11 +652,11 @@ HRESULT ZOLVotTransientStandard::GetSingle(ZOLVotKeyMap<T>& cache, ZOLVotNodeKin
 }
 
 HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, int& oValue) {
-  return GetSingle(_IntValues, Kind::IntVal, static_cast<int (*)(std::string_view)>(&ReadInt), iPath, iIndex, oValue);
+  return GetSingle(_IntValues, Kind::IntVal, &ReadInt, iPath, iIndex, oValue);
 }
 
 HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, double& oValue) {
-  return GetSingle(_DoubleValues, Kind::FloatVal, static_cast<double (*)(std::string_view)>(&ReadReal), iPath, iIndex, oValue);
+  return GetSingle(_DoubleValues, Kind::FloatVal, &ReadReal, iPath, iIndex, oValue);
 }
 
 HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, ZOLUnicodeString& oValue) {

@@ -90,7 +90,7 @@ public:
   virtual int StartElement(std::string_view namespaceURI, std::string_view localName, std::string_view qualifiedName,
                            const ZOLISAXAttributes& attributes);
   virtual int EndElement(std::string_view namespaceURI, std::string_view localName, std::string_view qualifiedName);
-  virtual int Characters(std::string_view text) { _Text.str().append(text); return 0; }
+  virtual int Characters(std::string_view text);
   virtual int IgnorableWhitespace(std::string_view) { return 0; }
   virtual int ProcessingInstruction(std::string_view, std::string_view) { return 0; }
   virtual int SetDocumentLocator(int, int) { return 0; }
@@ -127,10 +127,20 @@ public:
   static void SplitColor(std::string_view text, std::vector<int>& oValues);
 
 private:
+  class LeanLoad;
   HRESULT Load(const ZOLUnicodeString* source, bool isBuffer);
   void Reserve(size_t textBytes);
   void FinishLoad();
+  // The load's work for a start tag (tag: the qualified name, needed for Other kinds only) and an end tag.
+  void OpenNode(ZOLVotNodeKind kind, std::string_view name, std::string_view tag);
+  void CloseNode();
   void FileValue(ZOLVotNodeKind kind, ZOLVotSpan text);
+  // Drops the text gathered since the last start tag or value, reclaiming its characters when
+  // nothing was stored after them.
+  void DropText() {
+    if (_Text.off + _Text.len == _Chars.size()) _Chars.Truncate(_Text.off);
+    _Text = {static_cast<uint32_t>(_Chars.size()), 0};
+  }
   const ZOLVotStandardNode* At(uint32_t i) const { return i == ZOLVotStandardNode::kNone ? nullptr : &_Nodes[i]; }
   uint32_t IndexOf(const ZOLVotStandardNode* n) const { return static_cast<uint32_t>(n - _Nodes.data()); }
   const ZOLVotStandardNode* FindChild(uint32_t first, std::string_view name) const;
@@ -141,9 +151,7 @@ private:
   template <class T, class Read>
   HRESULT GetSingle(ZOLVotKeyMap<T>& cache, ZOLVotNodeKind leaf, Read read, const char* iPath, int iIndex, T& oValue);
   static int ReadInt(std::string_view text);
-  static int ReadInt(const ZOLUnicodeString& text);
   static double ReadReal(std::string_view text);
-  static double ReadReal(const ZOLUnicodeString& text);
   HRESULT Stub();
 
   ZOLUnicodeString _Name;
@@ -170,11 +178,15 @@ private:
   struct OpenElement {
     uint32_t node;
     uint32_t lastChild;
+    ZOLVotNodeKind kind;
     bool nameless;
   };
-  std::string _CurrentPath;
-  std::string _PreviousPath;
-  ZOLUnicodeString _Text;
+  ZOLVotChars _CurrentPath;
+  ZOLVotChars _PreviousPath;
+  // The character data since the last start tag or value, gathered straight into the store while
+  // a value element is open (no other text is ever read).
+  ZOLVotSpan _Text;
+  int _OpenValues = 0;
   std::vector<OpenElement> _Open;
   int _TypevalIndex = 1;
   unsigned char _TypevalClosed = 0;
@@ -183,7 +195,8 @@ private:
   std::optional<std::string> _EnumdefName;
   std::vector<ZOLVotSpan> _EnumdefValues;
   // "." and the typed-entry index, written again only when the index changes.
-  std::string _Suffix;
+  char _Suffix[16] = {};
+  uint8_t _SuffixLength = 0;
   int _SuffixIndex = 0;
 
   // Reused buffers of cache keys and path components.

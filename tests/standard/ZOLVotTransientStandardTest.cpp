@@ -9,6 +9,7 @@
 #include "ZOLIDrwStandard.h"
 #include "ZOLIQelStandard.h"
 #include "ZOLTestReports.h"
+#include "ZOLTransientLanes.h"
 #include "ZOLVotTransientStandard.h"
 
 namespace {
@@ -220,6 +221,51 @@ TEST(TransientLoad, BrokenDocumentAnswersFromTheCachesWhileTreeLookupsFail) {
   EXPECT_EQ(s->GetValue("Gap", 2, d), E_FAIL);
   EXPECT_EQ(Impl(s)->Root(), nullptr);
   EXPECT_EQ(r.Count(), 1);
+}
+
+TEST(TransientLoad, ValueTextIsWhatFollowsTheLastStartTagOrValue) {
+  ZOLTestReports r;
+  auto s = FromBody(Node("A", "<std:strval>ab" + Node("n", "x") + "cd</std:strval>") +
+                    Node("B", "<std:strval>ab<std:enumdef name=\"E\">x</std:enumdef>cd</std:strval>") +
+                    Node("C", "<std:intval>7<std:intval>8</std:intval>9</std:intval>") +
+                    Node("D", Str("a&amp;b<![CDATA[<c>]]>")) + Node("E", "\n  " + Str("") + "\n"));
+  EXPECT_EQ(Filed(s), (std::vector<std::string>{"A.1 string xcd", "B.1 string xcd", "C integers 8 9",
+                                                "D.1 string a&b<c>", "E.1 string "}));
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(TransientLoad, NamesCountOnlyWithTheStdPrefixAndAnUnprefixedNameAttribute) {
+  ZOLTestReports r;
+  auto s = FromBody("<x:node xmlns:x=\"http://www.qelstandardinfra.org/std\" name=\"X\"><x:intval>1</x:intval></x:node>" +
+                    std::string("<std:node std:name=\"P\"><std:intval>2</std:intval></std:node>") +
+                    "<std:node id=\"3\" name=\"Q\"><std:intval>3</std:intval></std:node>");
+  // The x: value is no value, and the node with a prefixed name is nameless, so its value lies at
+  // the empty path, which counts as the path of the value before the first.
+  EXPECT_EQ(Filed(s), (std::vector<std::string>{" integers 2", "Q.1 integer 3"}));
+  EXPECT_EQ(r.Count(), 0);
+}
+
+TEST(TransientLoad, TheLoadsOwnLaneGivesWhatTheContentHandlerGives) {
+  const std::string docs[] = {
+      kOpen + Node("A", Int("1") + Int("2")) + Node("S", "<std:typeval name=\"T\">" + Field("strval", "N", "a") +
+                                                              "</std:typeval><std:typeval name=\"T\">" +
+                                                              Field("strval", "N", "b") + "</std:typeval>") + kClose,
+      kOpen + "<x:node xmlns:x=\"http://www.qelstandardinfra.org/std\" name=\"X\"><x:intval>1</x:intval><std:foo name=\"F\"/></x:node>" + kClose,
+      kOpen + "<std:node std:name=\"P\" id=\"2\" name=\"R&amp;D\"><std:enumval name=\"E\">On</std:enumval></std:node>" + kClose,
+      kOpen + Node("Styles", Node("Curve", Node("Default", "<std:colorval>1 2 3</std:colorval>"))) + kClose,
+      kOpen + "<std:enumdef name=\"YesNo\">" + Str("No") + Str("Yes") + "</std:enumdef>" +
+          "<std:typedef name=\"T\">" + Field("intval", "I", "4") + "</std:typedef>" + Node("V", Int("5")) + kClose,
+      kOpen + Node("A", "<std:strval>ab<std:enumdef name=\"E\">x</std:enumdef>cd</std:strval>") + "\n  " + kClose,
+      "<plain><node name=\"A\"><intval>1</intval></node></plain>",
+      kOpen + Node("Cut", "<std:intv"),
+  };
+  for (const std::string& doc : docs) {
+    ZOLTestReports r;
+    ZOLUnicodeString text(doc);
+    auto lean = ZOLDftStandardServices::GetStandardFromBuffer(&text, "T");
+    auto general = ZOLLoadThroughContentHandler(doc);
+    EXPECT_EQ(ZOLDescribeTransient(*Impl(lean)), ZOLDescribeTransient(*Impl(general))) << doc;
+  }
 }
 
 TEST(TransientLoad, MalformedColourThrowsOutOfTheLoadWithItsText) {
