@@ -302,7 +302,9 @@ void Reader::OnEndElementLean(void* ctx, const xmlChar* localName, const xmlChar
                           reinterpret_cast<const char*>(uri)};
     return r->_lean->EndElement(name);
   });
-  r->EndPrefixes();
+  // Most elements declare no prefix.
+  if (r->_prefixCounts.empty() || r->_prefixCounts.back().first != r->_depth) --r->_depth;
+  else r->EndPrefixes();
 }
 
 void Reader::OnCharactersLean(void* ctx, const xmlChar* text, int len) {

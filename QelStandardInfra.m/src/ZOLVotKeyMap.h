@@ -17,29 +17,42 @@ struct ZOLVotSpan {
   uint32_t len = 0;
 };
 
-/// Copies n bytes; short texts, the usual case, by word moves that may overlap, longer ones by memcpy.
+/// Copies n bytes; short texts, the usual case, by two moves of a fixed size that may overlap,
+/// longer ones by memcpy. No loop: the branches go by size class only.
 inline void ZOLVotCopy(char* d, const char* s, size_t n) {
-  if (n > 64) {
-    std::memcpy(d, s, n);
-  } else if (n >= 8) {
-    uint64_t v;
-    for (size_t i = 0; i + 8 < n; i += 8) {
-      std::memcpy(&v, s + i, 8);
-      std::memcpy(d + i, &v, 8);
+  if (n <= 16) {
+    if (n >= 8) {
+      uint64_t a, b;
+      std::memcpy(&a, s, 8);
+      std::memcpy(&b, s + n - 8, 8);
+      std::memcpy(d, &a, 8);
+      std::memcpy(d + n - 8, &b, 8);
+    } else if (n >= 4) {
+      uint32_t a, b;
+      std::memcpy(&a, s, 4);
+      std::memcpy(&b, s + n - 4, 4);
+      std::memcpy(d, &a, 4);
+      std::memcpy(d + n - 4, &b, 4);
+    } else if (n > 0) {
+      const char first = s[0], middle = s[n / 2], last = s[n - 1];
+      d[0] = first;
+      d[n / 2] = middle;
+      d[n - 1] = last;
     }
-    std::memcpy(&v, s + n - 8, 8);
-    std::memcpy(d + n - 8, &v, 8);
-  } else if (n >= 4) {
-    uint32_t a, b;
-    std::memcpy(&a, s, 4);
-    std::memcpy(&b, s + n - 4, 4);
-    std::memcpy(d, &a, 4);
-    std::memcpy(d + n - 4, &b, 4);
-  } else if (n > 0) {
-    const char first = s[0], middle = s[n / 2], last = s[n - 1];
-    d[0] = first;
-    d[n / 2] = middle;
-    d[n - 1] = last;
+  } else if (n <= 32) {
+    char a[16], b[16];
+    std::memcpy(a, s, 16);
+    std::memcpy(b, s + n - 16, 16);
+    std::memcpy(d, a, 16);
+    std::memcpy(d + n - 16, b, 16);
+  } else if (n <= 64) {
+    char a[32], b[32];
+    std::memcpy(a, s, 32);
+    std::memcpy(b, s + n - 32, 32);
+    std::memcpy(d, a, 32);
+    std::memcpy(d + n - 32, b, 32);
+  } else {
+    std::memcpy(d, s, n);
   }
 }
 
@@ -86,6 +99,20 @@ public:
     const size_t n = text.size();
     if (n > _capacity - _size) return AppendGrowing(text);
     ZOLVotCopy(_data.get() + _size, text.data(), n);
+    ZOLVotSpan span{static_cast<uint32_t>(_size), static_cast<uint32_t>(n)};
+    _size += n;
+    return span;
+  }
+
+  /// As Append, for text whose buffer may be read 64 bytes from its start whatever its length:
+  /// a short text then takes one fixed-size copy, with no branch on its length.
+  [[gnu::always_inline]] ZOLVotSpan AppendPadded(std::string_view text) {
+    const size_t n = text.size();
+    if (n > 64 || 64 > _capacity - _size) return Append(text);
+    char* d = _data.get() + _size;
+    char block[64];
+    std::memcpy(block, text.data(), 64);
+    std::memcpy(d, block, 64);
     ZOLVotSpan span{static_cast<uint32_t>(_size), static_cast<uint32_t>(n)};
     _size += n;
     return span;
@@ -184,19 +211,12 @@ public:
   /// The value under key, made (value-initialised) if absent; the key is copied to the store.
   V& operator[](std::string_view key) { return Get(key, ZOLVotHash(key)); }
   /// As operator[], for a key whose ZOLVotHash is h.
-  V& Get(std::string_view key, uint64_t h) {
-    if ((_count + 1) * 4 > _slots.size() * 3) Grow();
-    size_t i = h & _mask;
-    for (;; i = (i + 1) & _mask) {
-      Slot& s = _slots[i];
-      if (s.hash == 0) break;
-      if (s.hash == h && Equal(s, key)) return s.value;
-    }
-    Slot& s = _slots[i];
-    s.hash = h;
-    s.key = ZOLVotStore(*_chars, key);
-    s.value = V();
-    ++_count;
+  V& Get(std::string_view key, uint64_t h) { return Insert<false>(key, h).value; }
+  /// As Get, for a key whose buffer may be read 64 bytes from its start (see AppendPadded); the
+  /// key's stored copy in storedKey.
+  V& GetPadded(std::string_view key, uint64_t h, ZOLVotSpan& storedKey) {
+    Slot& s = Insert<true>(key, h);
+    storedKey = s.key;
     return s.value;
   }
 
@@ -248,6 +268,23 @@ private:
     ZOLVotSpan key;
     V value{};
   };
+
+  template <bool kPadded>
+  Slot& Insert(std::string_view key, uint64_t h) {
+    if ((_count + 1) * 4 > _slots.size() * 3) Grow();
+    size_t i = h & _mask;
+    for (;; i = (i + 1) & _mask) {
+      Slot& s = _slots[i];
+      if (s.hash == 0) break;
+      if (s.hash == h && Equal(s, key)) return s;
+    }
+    Slot& s = _slots[i];
+    s.hash = h;
+    s.key = kPadded ? _chars->AppendPadded(key) : ZOLVotStore(*_chars, key);
+    s.value = V();
+    ++_count;
+    return s;
+  }
 
   bool Equal(const Slot& s, std::string_view key) const {
     return s.key.len == key.size() && ZOLVotSameBytes(_chars->data() + s.key.off, key.data(), key.size());

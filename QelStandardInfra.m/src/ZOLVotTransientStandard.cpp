@@ -79,6 +79,17 @@ bool IsValueKind(Kind k) {
   return k == Kind::EnumVal || k == Kind::ColorVal || k == Kind::IntVal || k == Kind::FloatVal || k == Kind::StrVal;
 }
 
+// Whether the n bytes at p, which may be read 16 bytes whatever n, hold a dot; n at most 16.
+bool HasDotIn16(const char* p, size_t n) {
+  static_assert(std::endian::native == std::endian::little);
+  constexpr uint64_t kOnes = 0x0101010101010101ull, kHighs = 0x8080808080808080ull, kDots = kOnes * '.';
+  uint64_t a = Load8(p) ^ kDots, b = Load8(p + 8) ^ kDots;  // a dot becomes a zero byte
+  const size_t na = n < 8 ? n : 8, nb = n > 8 ? n - 8 : 0;
+  a |= na == 8 ? 0 : ~0ull << (8 * na);  // bytes past the text: never zero
+  b |= nb == 8 ? 0 : ~0ull << (8 * nb);
+  return (((a - kOnes) & ~a) | ((b - kOnes) & ~b)) & kHighs;
+}
+
 // Cuts a path before its last "."; a path without one becomes empty.
 void RemoveLastComponent(ZOLVotChars& path) {
   const void* dot = path.size() ? memrchr(path.data(), '.', path.size()) : nullptr;
@@ -176,11 +187,13 @@ public:
   int StartParse(const ZOLISAXDictionary& dictionary) override {
     _std = dictionary.Intern("std");
     _name = dictionary.Intern("name");
-    // Most frequent first.
-    static constexpr Kind kOrder[] = {Kind::Node,    Kind::StrVal,   Kind::IntVal,  Kind::FloatVal, Kind::EnumVal,
-                                      Kind::TypeVal, Kind::ColorVal, Kind::EnumDef, Kind::TypeDef};
-    for (size_t i = 0; i < std::size(kOrder); ++i)
-      _locals[i] = {dictionary.Intern(kTypeNames[static_cast<int>(kOrder[i])].substr(4)), kOrder[i]};
+    // Each kind's local name in the slot its address picks; a kind whose slot is taken, or a
+    // name the dictionary could not hold, is found by its text.
+    for (size_t k = 1; k < std::size(kTypeNames); ++k) {
+      const char* local = dictionary.Intern(kTypeNames[k].substr(4));
+      Slot& slot = _slots[SlotOf(local)];
+      if (local && !slot.local) slot = {local, static_cast<Kind>(k)};
+    }
     return 0;
   }
 
@@ -194,13 +207,13 @@ public:
       }
     }
     if (_std && element.prefix == _std) {
-      for (const auto& [local, kind] : _locals)
-        if (element.local == local) {
-          _standard.OpenNode(kind, name, {});
-          return 0;
-        }
+      const Slot& slot = _slots[SlotOf(element.local)];
+      if (slot.local == element.local) {
+        _standard.OpenNode(slot.kind, name, {});
+        return 0;
+      }
     }
-    // Another name, or one the dictionary does not hold: by its text.
+  // Another name, or one the dictionary does not hold: by its text.
     _tag.clear();
     if (element.prefix) _tag.append(element.prefix).append(1, ':');
     _tag.append(element.local);
@@ -216,10 +229,19 @@ public:
   int Characters(std::string_view text) override { return _standard.Characters(text); }
 
 private:
+  struct Slot {
+    const char* local = nullptr;
+    Kind kind = Kind::Other;
+  };
+  static size_t SlotOf(const char* p) {
+    const uint64_t a = reinterpret_cast<uintptr_t>(p);
+    return static_cast<size_t>((a ^ (a >> 5) ^ (a >> 11)) & 31);
+  }
+
   ZOLVotTransientStandard& _standard;
   const char* _std = nullptr;
   const char* _name = nullptr;
-  std::pair<const char*, Kind> _locals[9] = {};
+  Slot _slots[32];
   std::string _tag;
 };
 
@@ -335,7 +357,13 @@ void ZOLVotTransientStandard::OpenNode(Kind kind, std::string_view name, std::st
     node.typeLen = static_cast<uint16_t>(type.len);
   }
   _Nodes.push_back(node);
-  _Open.push_back({static_cast<uint32_t>(_Nodes.size() - 1), Node::kNone, kind, name.empty()});
+  OpenElement& open = _Open.emplace_back();
+  open.node = static_cast<uint32_t>(_Nodes.size() - 1);
+  open.lastChild = Node::kNone;
+  open.irregular = _PathIrregular;
+  open.kind = kind;
+  open.nameless = name.empty();
+  open.addedPlainName = false;
   if (IsValueKind(kind)) {
     ++_OpenValues;
     _Text = {static_cast<uint32_t>(_Chars.size()), 0};
@@ -344,8 +372,15 @@ void ZOLVotTransientStandard::OpenNode(Kind kind, std::string_view name, std::st
   // The root, "Styles", typed entries and definitions add nothing to a path.
   bool silent = kind == Kind::TypeVal || kind == Kind::EnumDef || kind == Kind::TypeDef;
   if (!silent && !name.empty() && name != "drafting" && name != "Styles") {
-    if (_CurrentPath.size()) _CurrentPath.Append(".");
-    _CurrentPath.Append(name);
+    const size_t before = _CurrentPath.size();
+    // Room to read the name back 16 bytes at a time.
+    if (_CurrentPath.capacity() - before < name.size() + 24) _CurrentPath.reserve(2 * (before + name.size()) + 64);
+    if (before) _CurrentPath.Append(".");
+    const ZOLVotSpan added = _CurrentPath.Append(name);
+    const char* text = _CurrentPath.data() + added.off;
+    open.pathBefore = static_cast<uint32_t>(before);
+    open.addedPlainName = added.len <= 16 ? !HasDotIn16(text, added.len) : !memchr(text, '.', added.len);
+    ++_PathChanges;
   }
   if (kind != Kind::TypeVal && _TypevalClosed) {
     _TypevalName.reset();
@@ -414,7 +449,15 @@ void ZOLVotTransientStandard::CloseNode() {
   }
   // Kept on purpose: a named element removes a component even when it added none ("drafting",
   // "Styles", a typedef), so what follows a nested "Styles" comes out one level short.
-  if (!closing.nameless && kind != Kind::TypeVal && kind != Kind::EnumDef) RemoveLastComponent(_CurrentPath);
+  if (!closing.nameless && kind != Kind::TypeVal && kind != Kind::EnumDef) {
+    if (closing.addedPlainName && closing.irregular == _PathIrregular) {
+      _CurrentPath.Truncate(closing.pathBefore);
+    } else {
+      RemoveLastComponent(_CurrentPath);
+      ++_PathIrregular;
+    }
+    ++_PathChanges;
+  }
 }
 
 void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan span) {
@@ -425,19 +468,23 @@ void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan span) {
     _SuffixLength = static_cast<uint8_t>(std::to_chars(_Suffix + 1, _Suffix + sizeof _Suffix, n).ptr - _Suffix);
   }
   const std::string_view text = ZOLVotView(_Chars, span);
+  // Keys are copied from the path buffer in blocks of 64 bytes (see AppendPadded).
+  if (_CurrentPath.capacity() < 64) _CurrentPath.reserve(64);
   const size_t pathLength = _CurrentPath.size();
-  const bool firstAtPath = pathLength != _PreviousPath.size() ||
-                           !ZOLVotSameBytes(_CurrentPath.data(), _PreviousPath.data(), pathLength);
-  if (firstAtPath) {
-    _PreviousPath.Truncate(0);
-    _PreviousPath.Append(_CurrentPath.View());
-  }
+  const char* previous = _PreviousPathStored ? _Chars.data() + _PreviousPathInStore.off : _PreviousPath.data();
+  const size_t previousLength = _PreviousPathStored ? _PreviousPathInStore.len : _PreviousPath.size();
+  const bool firstAtPath = _PathChanges != _FiledAtChanges &&
+                           (pathLength != previousLength || !ZOLVotSameBytes(_CurrentPath.data(), previous, pathLength));
+  _FiledAtChanges = _PathChanges;
   if (kind == Kind::ColorVal) {
     // A colour is keyed by the bare path, and only its first value at a path counts.
     if (firstAtPath) {
       std::vector<int> rgb;
       SplitColor(text, rgb);
-      _IntArrays[_CurrentPath.View()] = std::move(rgb);
+      ZOLVotSpan stored;
+      _IntArrays.GetPadded(_CurrentPath.View(), ZOLVotHash(_CurrentPath.View()), stored) = std::move(rgb);
+      _PreviousPathInStore = stored;
+      _PreviousPathStored = true;
     }
     return;
   }
@@ -446,15 +493,21 @@ void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan span) {
   const std::string_view key = _CurrentPath.View();
   const std::string_view path = key.substr(0, pathLength);
   if (firstAtPath) {
+    const uint64_t h = ZOLVotHash(key);
+    ZOLVotSpan stored;
     switch (kind) {
-      case Kind::IntVal:
-        _IntValues[key] = ReadInt(text);
+      case Kind::IntVal: {
+        const int v = ReadInt(text);
+        _IntValues.GetPadded(key, h, stored) = v;
         break;
-      case Kind::FloatVal:
-        _DoubleValues[key] = ReadReal(text);
+      }
+      case Kind::FloatVal: {
+        const double v = ReadReal(text);
+        _DoubleValues.GetPadded(key, h, stored) = v;
         break;
+      }
       case Kind::StrVal:
-        _StringValues[key] = span;
+        _StringValues.GetPadded(key, h, stored) = span;
         break;
       case Kind::EnumVal:
         // The enum value's name is its type, not a path component: filed under the parent node.
@@ -464,6 +517,13 @@ void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan span) {
         break;
       default:
         break;
+    }
+    _PreviousPathStored = kind != Kind::EnumVal;
+    if (_PreviousPathStored) {
+      _PreviousPathInStore = {stored.off, static_cast<uint32_t>(pathLength)};
+    } else {
+      _PreviousPath.Truncate(0);
+      _PreviousPath.Append(path);
     }
   } else {
     // One more value at the same path: the values form an array under the bare path.

@@ -178,10 +178,24 @@ private:
   struct OpenElement {
     uint32_t node;
     uint32_t lastChild;
+    // The path's length before the element added its name, and _PathIrregular then: when no
+    // irregular cut came between, the element's end restores that length without a search.
+    uint32_t pathBefore;
+    uint32_t irregular;
     ZOLVotNodeKind kind;
     bool nameless;
+    bool addedPlainName;  // added a name without dots to the path
   };
   ZOLVotChars _CurrentPath;
+  // Counts the changes of _CurrentPath; a value filed with no change since the last is at its path.
+  uint32_t _PathChanges = 0;
+  // Counts the ends that cut the path at its last dot by search (see OpenElement).
+  uint32_t _PathIrregular = 0;
+  uint32_t _FiledAtChanges = 0;
+  // The path of the last value filed: the start of its key in the store, or else (an enum value,
+  // keyed under its parent) a copy.
+  ZOLVotSpan _PreviousPathInStore;
+  bool _PreviousPathStored = false;
   ZOLVotChars _PreviousPath;
   // The character data since the last start tag or value, gathered straight into the store while
   // a value element is open (no other text is ever read).
