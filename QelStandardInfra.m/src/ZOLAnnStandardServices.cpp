@@ -3,6 +3,7 @@
 #include "ZOLAnnStandardServices.h"
 
 #include <clocale>
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -95,7 +96,8 @@ long ReadBranch(ZOLAnnStandardXMLParser& parser, const char* path, Record** out,
   ZOLRef<ZOLAnnStandardXMLNode> branch = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(parser.GetNodeWithPath(path));
   if (!branch) return E_FAIL;
   count = branch->GetNumOfNode();
-  if (count == 0) return E_FAIL;
+  // The bound spares new[] its overflow path (g++ warns on it once the library is linked whole).
+  if (count <= 0 || static_cast<size_t>(count) > PTRDIFF_MAX / sizeof(Record)) return E_FAIL;
   std::unique_ptr<Record[]> records(new Record[static_cast<size_t>(count)]);
   long last = S_OK;
   int done = 0;
