@@ -79,14 +79,33 @@ bool IsValueKind(Kind k) {
   return k == Kind::EnumVal || k == Kind::ColorVal || k == Kind::IntVal || k == Kind::FloatVal || k == Kind::StrVal;
 }
 
-// Whether the n bytes at p, which may be read 16 bytes whatever n, hold a dot; n at most 16.
-bool HasDotIn16(const char* p, size_t n) {
+// Whether a name holds a dot. Short names are read as they are copied, in two words that may
+// overlap, and tested a word at a time; the name is read where the parser left it, not from the
+// path just written, whose bytes would not be ready for wide reads yet.
+bool HasDot(std::string_view name) {
+  const size_t n = name.size();
+  const char* p = name.data();
+  if (n > 16) return memchr(p, '.', n);
+  if (n < 4) {
+    for (size_t i = 0; i < n; ++i)
+      if (p[i] == '.') return true;
+    return false;
+  }
   static_assert(std::endian::native == std::endian::little);
   constexpr uint64_t kOnes = 0x0101010101010101ull, kHighs = 0x8080808080808080ull, kDots = kOnes * '.';
-  uint64_t a = Load8(p) ^ kDots, b = Load8(p + 8) ^ kDots;  // a dot becomes a zero byte
-  const size_t na = n < 8 ? n : 8, nb = n > 8 ? n - 8 : 0;
-  a |= na == 8 ? 0 : ~0ull << (8 * na);  // bytes past the text: never zero
-  b |= nb == 8 ? 0 : ~0ull << (8 * nb);
+  uint64_t a, b;
+  if (n >= 8) {
+    a = Load8(p);
+    b = Load8(p + n - 8);
+  } else {
+    uint32_t x, y;
+    std::memcpy(&x, p, 4);
+    std::memcpy(&y, p + n - 4, 4);
+    a = x | 0xFFFFFFFF00000000ull;  // the upper bytes hold no dot
+    b = y | 0xFFFFFFFF00000000ull;
+  }
+  a ^= kDots;  // a dot becomes a zero byte
+  b ^= kDots;
   return (((a - kOnes) & ~a) | ((b - kOnes) & ~b)) & kHighs;
 }
 
@@ -373,13 +392,10 @@ void ZOLVotTransientStandard::OpenNode(Kind kind, std::string_view name, std::st
   bool silent = kind == Kind::TypeVal || kind == Kind::EnumDef || kind == Kind::TypeDef;
   if (!silent && !name.empty() && name != "drafting" && name != "Styles") {
     const size_t before = _CurrentPath.size();
-    // Room to read the name back 16 bytes at a time.
-    if (_CurrentPath.capacity() - before < name.size() + 24) _CurrentPath.reserve(2 * (before + name.size()) + 64);
     if (before) _CurrentPath.Append(".");
-    const ZOLVotSpan added = _CurrentPath.Append(name);
-    const char* text = _CurrentPath.data() + added.off;
+    _CurrentPath.Append(name);
     open.pathBefore = static_cast<uint32_t>(before);
-    open.addedPlainName = added.len <= 16 ? !HasDotIn16(text, added.len) : !memchr(text, '.', added.len);
+    open.addedPlainName = !HasDot(name);
     ++_PathChanges;
   }
   if (kind != Kind::TypeVal && _TypevalClosed) {
