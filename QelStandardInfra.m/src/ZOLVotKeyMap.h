@@ -212,13 +212,8 @@ public:
   V& operator[](std::string_view key) { return Get(key, ZOLVotHash(key)); }
   /// As operator[], for a key whose ZOLVotHash is h.
   V& Get(std::string_view key, uint64_t h) { return Insert<false>(key, h).value; }
-  /// As Get, for a key whose buffer may be read 64 bytes from its start (see AppendPadded); the
-  /// key's stored copy in storedKey.
-  V& GetPadded(std::string_view key, uint64_t h, ZOLVotSpan& storedKey) {
-    Slot& s = Insert<true>(key, h);
-    storedKey = s.key;
-    return s.value;
-  }
+  /// As Get, for a key whose buffer may be read 64 bytes from its start (see AppendPadded).
+  V& GetPadded(std::string_view key, uint64_t h) { return Insert<true>(key, h).value; }
 
   /// Removes key; 1 if it was there.
   int Erase(std::string_view key) { return Erase(key, ZOLVotHash(key)); }

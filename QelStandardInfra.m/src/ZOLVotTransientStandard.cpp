@@ -328,7 +328,11 @@ HRESULT ZOLVotTransientStandard::Load(const ZOLUnicodeString* source, bool isBuf
   // Elements and text take the lean lane where the reader has one; the content handler keeps the rest.
   LeanLoad lean(*this);
   reader->SetLeanContentHandler(&lean);
-  return reader->Parse(*input);
+  _DeferFiling = true;
+  hr = reader->Parse(*input);
+  _DeferFiling = false;
+  FilePending();
+  return hr;
 }
 
 void ZOLVotTransientStandard::Reserve(size_t textBytes) {
@@ -337,6 +341,8 @@ void ZOLVotTransientStandard::Reserve(size_t textBytes) {
   // touch twice the memory.
   _Nodes.reserve(textBytes / 40 + 16);
   _Chars.reserve(textBytes - textBytes / 4 + 256);
+  _Pending.reserve(textBytes / 64 + 16);
+  _PendingKeys.reserve(textBytes / 2 + 256);
   // The maps likewise, from the share of each kind of value in a typical standard, a little
   // under so that an unusual text grows a map once rather than holding a half-empty one.
   _IntValues.Reserve(textBytes / 256);
@@ -347,9 +353,11 @@ void ZOLVotTransientStandard::Reserve(size_t textBytes) {
 }
 
 void ZOLVotTransientStandard::FinishLoad() {
-  // The path buffers are load state only.
+  // The path buffers and the values taken down are load state only.
   _CurrentPath = ZOLVotChars();
   _PreviousPath = ZOLVotChars();
+  _PendingKeys = ZOLVotChars();
+  std::vector<PendingValue>().swap(_Pending);
 }
 
 int ZOLVotTransientStandard::StartElement(std::string_view, std::string_view, std::string_view tag,
@@ -450,7 +458,10 @@ void ZOLVotTransientStandard::CloseNode() {
 
   if (isValue) {
     if (_EnumdefName) _EnumdefValues.push_back(text);
-    else if (!_TypedefName) FileValue(kind, text);
+    else if (!_TypedefName) {
+      DeferValue(kind, text);
+      if (!_DeferFiling) FilePending();
+    }
     // The value keeps its characters; what follows gathers anew.
     _Text = {static_cast<uint32_t>(_Chars.size()), 0};
   }
@@ -476,97 +487,106 @@ void ZOLVotTransientStandard::CloseNode() {
   }
 }
 
-void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan span) {
+void ZOLVotTransientStandard::DeferValue(Kind kind, ZOLVotSpan text) {
   const int n = _TypevalIndex;
   if (n != _SuffixIndex) {
     _SuffixIndex = n;
     _Suffix[0] = '.';
     _SuffixLength = static_cast<uint8_t>(std::to_chars(_Suffix + 1, _Suffix + sizeof _Suffix, n).ptr - _Suffix);
   }
-  const std::string_view text = ZOLVotView(_Chars, span);
-  // Keys are copied from the path buffer in blocks of 64 bytes (see AppendPadded).
-  if (_CurrentPath.capacity() < 64) _CurrentPath.reserve(64);
-  const size_t pathLength = _CurrentPath.size();
-  const char* previous = _PreviousPathStored ? _Chars.data() + _PreviousPathInStore.off : _PreviousPath.data();
-  const size_t previousLength = _PreviousPathStored ? _PreviousPathInStore.len : _PreviousPath.size();
-  const bool firstAtPath = _PathChanges != _FiledAtChanges &&
-                           (pathLength != previousLength || !ZOLVotSameBytes(_CurrentPath.data(), previous, pathLength));
+  const std::string_view path = _CurrentPath.View();
+  bool first = false;
+  if (_PathChanges != _FiledAtChanges) {
+    const std::string_view previous =
+        _Pending.empty() ? _PreviousPath.View()
+                         : std::string_view(_PendingKeys.data() + _Pending.back().key.off, _Pending.back().pathLength);
+    first = path.size() != previous.size() || !ZOLVotSameBytes(path.data(), previous.data(), path.size());
+  }
   _FiledAtChanges = _PathChanges;
+  // Keys are copied in blocks of 64 bytes (see AppendPadded): both stores keep that much room.
+  if (_CurrentPath.capacity() - path.size() < 64) _CurrentPath.reserve(path.size() + 128);
+  if (_PendingKeys.capacity() - _PendingKeys.size() < path.size() + sizeof _Suffix + 64)
+    _PendingKeys.reserve(2 * _PendingKeys.capacity() + path.size() + 128);
+  ZOLVotSpan key = _PendingKeys.AppendPadded(_CurrentPath.View());
+  key.len += _PendingKeys.Append({_Suffix, _SuffixLength}).len;
+  _Pending.push_back({key, static_cast<uint32_t>(path.size()), text, kind, first});
+}
+
+void ZOLVotTransientStandard::FilePending() {
+  for (const PendingValue& value : _Pending) FileValue(value);
+  if (!_Pending.empty()) {
+    _PreviousPath.Truncate(0);
+    _PreviousPath.Append({_PendingKeys.data() + _Pending.back().key.off, _Pending.back().pathLength});
+  }
+  _Pending.clear();
+  _PendingKeys.Truncate(0);
+}
+
+void ZOLVotTransientStandard::FileValue(const PendingValue& value) {
+  const Kind kind = value.kind;
+  const ZOLVotSpan span = value.text;
+  const std::string_view text = ZOLVotView(_Chars, span);
+  const std::string_view key = ZOLVotView(_PendingKeys, value.key);
+  const std::string_view path = key.substr(0, value.pathLength);
   if (kind == Kind::ColorVal) {
     // A colour is keyed by the bare path, and only its first value at a path counts.
-    if (firstAtPath) {
+    if (value.firstAtPath) {
       std::vector<int> rgb;
       SplitColor(text, rgb);
-      ZOLVotSpan stored;
-      _IntArrays.GetPadded(_CurrentPath.View(), ZOLVotHash(_CurrentPath.View()), stored) = std::move(rgb);
-      _PreviousPathInStore = stored;
-      _PreviousPathStored = true;
+      _IntArrays.GetPadded(path, ZOLVotHash(path)) = std::move(rgb);
     }
     return;
   }
-  // The key is the path and its index, built in place and cut back below.
-  _CurrentPath.Append({_Suffix, _SuffixLength});
-  const std::string_view key = _CurrentPath.View();
-  const std::string_view path = key.substr(0, pathLength);
-  if (firstAtPath) {
-    const uint64_t h = ZOLVotHash(key);
-    ZOLVotSpan stored;
+  const uint64_t h = ZOLVotHash(key);
+  if (value.firstAtPath) {
     switch (kind) {
       case Kind::IntVal: {
         const int v = ReadInt(text);
-        _IntValues.GetPadded(key, h, stored) = v;
+        _IntValues.GetPadded(key, h) = v;
         break;
       }
       case Kind::FloatVal: {
         const double v = ReadReal(text);
-        _DoubleValues.GetPadded(key, h, stored) = v;
+        _DoubleValues.GetPadded(key, h) = v;
         break;
       }
       case Kind::StrVal:
-        _StringValues.GetPadded(key, h, stored) = span;
+        _StringValues.GetPadded(key, h) = span;
         break;
       case Kind::EnumVal:
         // The enum value's name is its type, not a path component: filed under the parent node.
         _Key.assign(ParentOf(path));
-        _Key.append(_Suffix, _SuffixLength);
+        _Key.append(key.substr(path.size()));
         _EnumValues[_Key] = span;
         break;
       default:
         break;
     }
-    _PreviousPathStored = kind != Kind::EnumVal;
-    if (_PreviousPathStored) {
-      _PreviousPathInStore = {stored.off, static_cast<uint32_t>(pathLength)};
-    } else {
-      _PreviousPath.Truncate(0);
-      _PreviousPath.Append(path);
-    }
   } else {
     // One more value at the same path: the values form an array under the bare path.
-    const uint64_t h = ZOLVotHash(key);
     switch (kind) {
       case Kind::IntVal: {
         // Read before the array's key is stored: the store may move, and the text with it.
-        const int value = ReadInt(text);
+        const int v = ReadInt(text);
         const int* first = _IntValues.Find(key, h);
         std::vector<int>& list = _IntArrays[path];
         if (first) {
           list.assign(1, *first);
           _IntValues.Erase(key, h);
         }
-        list.push_back(value);
+        list.push_back(v);
         break;
       }
       case Kind::FloatVal: {
         // Read before the array's key is stored: the store may move, and the text with it.
-        const double value = ReadReal(text);
+        const double v = ReadReal(text);
         const double* first = _DoubleValues.Find(key, h);
         std::vector<double>& list = _DoubleArrays[path];
         if (first) {
           list.assign(1, *first);
           _DoubleValues.Erase(key, h);
         }
-        list.push_back(value);
+        list.push_back(v);
         break;
       }
       case Kind::StrVal:
@@ -584,7 +604,6 @@ void ZOLVotTransientStandard::FileValue(Kind kind, ZOLVotSpan span) {
         break;
     }
   }
-  _CurrentPath.Truncate(pathLength);
 }
 
 void ZOLVotTransientStandard::SplitColor(std::string_view text, std::vector<int>& oValues) {

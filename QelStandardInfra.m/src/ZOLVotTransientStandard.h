@@ -134,7 +134,19 @@ private:
   // The load's work for a start tag (tag: the qualified name, needed for Other kinds only) and an end tag.
   void OpenNode(ZOLVotNodeKind kind, std::string_view name, std::string_view tag);
   void CloseNode();
-  void FileValue(ZOLVotNodeKind kind, ZOLVotSpan text);
+  // A value to file: its key (path and index) in _PendingKeys, and whether it is the first at
+  // its path since the value before.
+  struct PendingValue {
+    ZOLVotSpan key;
+    uint32_t pathLength;
+    ZOLVotSpan text;
+    ZOLVotNodeKind kind;
+    bool firstAtPath;
+  };
+  // Takes down a value's key and text at its end tag; FilePending files what was taken down.
+  void DeferValue(ZOLVotNodeKind kind, ZOLVotSpan text);
+  void FilePending();
+  void FileValue(const PendingValue& value);
   // Drops the text gathered since the last start tag or value, reclaiming its characters when
   // nothing was stored after them.
   void DropText() {
@@ -192,11 +204,14 @@ private:
   // Counts the ends that cut the path at its last dot by search (see OpenElement).
   uint32_t _PathIrregular = 0;
   uint32_t _FiledAtChanges = 0;
-  // The path of the last value filed: the start of its key in the store, or else (an enum value,
-  // keyed under its parent) a copy.
-  ZOLVotSpan _PreviousPathInStore;
-  bool _PreviousPathStored = false;
+  // The path of the last value filed before _Pending.
   ZOLVotChars _PreviousPath;
+  // Values taken down and not filed yet. The load files them once the parse is over, so that
+  // the maps do not compete with the parser for the cache; anyone else driving the content
+  // handler gets each value filed at its end tag.
+  std::vector<PendingValue> _Pending;
+  ZOLVotChars _PendingKeys;
+  bool _DeferFiling = false;
   // The character data since the last start tag or value, gathered straight into the store while
   // a value element is open (no other text is ever read).
   ZOLVotSpan _Text;
