@@ -341,7 +341,10 @@ void ZOLVotTransientStandard::Reserve(size_t textBytes) {
   // touch twice the memory.
   _Nodes.reserve(textBytes / 40 + 16);
   _Chars.reserve(textBytes - textBytes / 4 + 256);
-  _Pending.reserve(textBytes / 64 + 16);
+  // From the share of each kind of value in a typical standard.
+  _Pending[0].reserve(textBytes / 192 + 16);
+  _Pending[1].reserve(textBytes / 320 + 16);
+  _Pending[2].reserve(textBytes / 128 + 16);
   _PendingKeys.reserve(textBytes / 2 + 256);
   // The maps likewise, from the share of each kind of value in a typical standard, a little
   // under so that an unusual text grows a map once rather than holding a half-empty one.
@@ -357,7 +360,7 @@ void ZOLVotTransientStandard::FinishLoad() {
   _CurrentPath = ZOLVotChars();
   _PreviousPath = ZOLVotChars();
   _PendingKeys = ZOLVotChars();
-  std::vector<PendingValue>().swap(_Pending);
+  for (std::vector<PendingValue>& group : _Pending) std::vector<PendingValue>().swap(group);
 }
 
 int ZOLVotTransientStandard::StartElement(std::string_view, std::string_view, std::string_view tag,
@@ -497,9 +500,7 @@ void ZOLVotTransientStandard::DeferValue(Kind kind, ZOLVotSpan text) {
   const std::string_view path = _CurrentPath.View();
   bool first = false;
   if (_PathChanges != _FiledAtChanges) {
-    const std::string_view previous =
-        _Pending.empty() ? _PreviousPath.View()
-                         : std::string_view(_PendingKeys.data() + _Pending.back().key.off, _Pending.back().pathLength);
+    const std::string_view previous = _AnyPending ? ZOLVotView(_PendingKeys, _LastPendingPath) : _PreviousPath.View();
     first = path.size() != previous.size() || !ZOLVotSameBytes(path.data(), previous.data(), path.size());
   }
   _FiledAtChanges = _PathChanges;
@@ -509,16 +510,23 @@ void ZOLVotTransientStandard::DeferValue(Kind kind, ZOLVotSpan text) {
     _PendingKeys.reserve(2 * _PendingKeys.capacity() + path.size() + 128);
   ZOLVotSpan key = _PendingKeys.AppendPadded(_CurrentPath.View());
   key.len += _PendingKeys.Append({_Suffix, _SuffixLength}).len;
-  _Pending.push_back({key, static_cast<uint32_t>(path.size()), text, kind, first});
+  static constexpr uint8_t kGroup[] = {0, 0, 0, 0, 1, 2, 2, 0, 0, 0};  // by ZOLVotNodeKind
+  static_assert(std::size(kGroup) == std::size(kTypeNames));
+  _Pending[kGroup[static_cast<int>(kind)]].push_back({key, static_cast<uint32_t>(path.size()), text, kind, first});
+  _LastPendingPath = {key.off, static_cast<uint32_t>(path.size())};
+  _AnyPending = true;
 }
 
 void ZOLVotTransientStandard::FilePending() {
-  for (const PendingValue& value : _Pending) FileValue(value);
-  if (!_Pending.empty()) {
-    _PreviousPath.Truncate(0);
-    _PreviousPath.Append({_PendingKeys.data() + _Pending.back().key.off, _Pending.back().pathLength});
+  for (std::vector<PendingValue>& group : _Pending) {
+    for (const PendingValue& value : group) FileValue(value);
+    group.clear();
   }
-  _Pending.clear();
+  if (_AnyPending) {
+    _PreviousPath.Truncate(0);
+    _PreviousPath.Append(ZOLVotView(_PendingKeys, _LastPendingPath));
+  }
+  _AnyPending = false;
   _PendingKeys.Truncate(0);
 }
 

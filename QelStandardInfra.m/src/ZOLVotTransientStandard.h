@@ -209,8 +209,13 @@ private:
   // Values taken down and not filed yet. The load files them once the parse is over, so that
   // the maps do not compete with the parser for the cache; anyone else driving the content
   // handler gets each value filed at its end tag.
-  std::vector<PendingValue> _Pending;
+  // By the maps they go to: integers and colours, reals, strings and enums. The groups share no
+  // map, so each is filed in its own run, in document order, with the same result as one run.
+  std::vector<PendingValue> _Pending[3];
   ZOLVotChars _PendingKeys;
+  // The path of the last value taken down, in _PendingKeys; len 0 with none taken down.
+  ZOLVotSpan _LastPendingPath;
+  bool _AnyPending = false;
   bool _DeferFiling = false;
   // The character data since the last start tag or value, gathered straight into the store while
   // a value element is open (no other text is ever read).
