@@ -208,9 +208,9 @@ private:
   ZOLVotChars _PreviousPath;
   // Values taken down and not filed yet. The load files them once the parse is over, so that
   // the maps do not compete with the parser for the cache; anyone else driving the content
-  // handler gets each value filed at its end tag.
-  // By the maps they go to: integers and colours, reals, strings and enums. The groups share no
-  // map, so each is filed in its own run, in document order, with the same result as one run.
+  // handler gets each value filed at its end tag. Grouped by the maps they go to (integers and
+  // colours, reals, strings and enums): the groups share no map, so filing each in its own run,
+  // in document order, gives what one run would.
   std::vector<PendingValue> _Pending[3];
   ZOLVotChars _PendingKeys;
   // The path of the last value taken down, in _PendingKeys; len 0 with none taken down.

@@ -245,6 +245,17 @@ TEST(TransientLoad, NamesCountOnlyWithTheStdPrefixAndAnUnprefixedNameAttribute) 
   EXPECT_EQ(r.Count(), 0);
 }
 
+TEST(TransientLoad, ValuesOfSeveralKindsAtOnePathShareTheArraysOfTheirMaps) {
+  ZOLTestReports r;
+  auto s = FromBody(Node("P", "<std:colorval>1 2 3</std:colorval>" + Int("4")) + Node("F", Int("1") + Real("2.5") + Int("3")) +
+                    Node("A", Int("1")) + Node("B", Int("2")) + Node("A", Int("3")));
+  // The colour's array takes the integer after it; a real between two integers starts no array
+  // of its own; a path found again files over its first value.
+  EXPECT_EQ(Filed(s), (std::vector<std::string>{"A.1 integer 3", "B.1 integer 2", "F integers 1 3", "F reals 2.5",
+                                                "P integers 1 2 3 4"}));
+  EXPECT_EQ(r.Count(), 0);
+}
+
 TEST(TransientLoad, TheLoadsOwnLaneGivesWhatTheContentHandlerGives) {
   const std::string docs[] = {
       kOpen + Node("A", Int("1") + Int("2")) + Node("S", "<std:typeval name=\"T\">" + Field("strval", "N", "a") +
@@ -257,6 +268,11 @@ TEST(TransientLoad, TheLoadsOwnLaneGivesWhatTheContentHandlerGives) {
           "<std:typedef name=\"T\">" + Field("intval", "I", "4") + "</std:typedef>" + Node("V", Int("5")) + kClose,
       kOpen + Node("A", "<std:strval>ab<std:enumdef name=\"E\">x</std:enumdef>cd</std:strval>") + "\n  " + kClose,
       "<plain><node name=\"A\"><intval>1</intval></node></plain>",
+      // Values of several kinds at one path, and one path left and found again.
+      kOpen + Node("P", "<std:colorval>1 2 3</std:colorval>" + Int("4") + Int("5")) +
+          Node("Q", Int("4") + Int("5") + "<std:colorval>7 8 9</std:colorval>") +
+          Node("S", Str("a") + "<std:enumval>E</std:enumval>") + Node("T", "<std:enumval>E</std:enumval>" + Str("b")) +
+          Node("F", Int("1") + Real("2.5") + Int("3")) + Node("A", Int("1")) + Node("B", Int("2")) + Node("A", Int("3")) + kClose,
       kOpen + Node("Cut", "<std:intv"),
   };
   for (const std::string& doc : docs) {
