@@ -17,22 +17,24 @@ struct ZOLVotSpan {
   uint32_t len = 0;
 };
 
-/// Copies n bytes; short texts, the usual case, by two moves of a fixed size that may overlap,
-/// longer ones by memcpy. No loop: the branches go by size class only.
+/// Copies n bytes, at least K and at most 2K, as two moves of K bytes that may overlap.
+template <size_t K>
+[[gnu::always_inline]] inline void ZOLVotCopyEnds(char* d, const char* s, size_t n) {
+  char a[K], b[K];
+  std::memcpy(a, s, K);
+  std::memcpy(b, s + n - K, K);
+  std::memcpy(d, a, K);
+  std::memcpy(d + n - K, b, K);
+}
+
+/// Copies n bytes; short texts, the usual case, by two moves of a fixed size, longer ones by
+/// memcpy. No loop: the branches go by size class only.
 inline void ZOLVotCopy(char* d, const char* s, size_t n) {
   if (n <= 16) {
     if (n >= 8) {
-      uint64_t a, b;
-      std::memcpy(&a, s, 8);
-      std::memcpy(&b, s + n - 8, 8);
-      std::memcpy(d, &a, 8);
-      std::memcpy(d + n - 8, &b, 8);
+      ZOLVotCopyEnds<8>(d, s, n);
     } else if (n >= 4) {
-      uint32_t a, b;
-      std::memcpy(&a, s, 4);
-      std::memcpy(&b, s + n - 4, 4);
-      std::memcpy(d, &a, 4);
-      std::memcpy(d + n - 4, &b, 4);
+      ZOLVotCopyEnds<4>(d, s, n);
     } else if (n > 0) {
       const char first = s[0], middle = s[n / 2], last = s[n - 1];
       d[0] = first;
@@ -40,17 +42,9 @@ inline void ZOLVotCopy(char* d, const char* s, size_t n) {
       d[n - 1] = last;
     }
   } else if (n <= 32) {
-    char a[16], b[16];
-    std::memcpy(a, s, 16);
-    std::memcpy(b, s + n - 16, 16);
-    std::memcpy(d, a, 16);
-    std::memcpy(d + n - 16, b, 16);
+    ZOLVotCopyEnds<16>(d, s, n);
   } else if (n <= 64) {
-    char a[32], b[32];
-    std::memcpy(a, s, 32);
-    std::memcpy(b, s + n - 32, 32);
-    std::memcpy(d, a, 32);
-    std::memcpy(d + n - 32, b, 32);
+    ZOLVotCopyEnds<32>(d, s, n);
   } else {
     std::memcpy(d, s, n);
   }
