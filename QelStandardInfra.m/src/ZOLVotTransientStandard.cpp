@@ -232,7 +232,7 @@ public:
         return 0;
       }
     }
-  // Another name, or one the dictionary does not hold: by its text.
+    // Another name, or one the dictionary does not hold: by its text.
     _tag.clear();
     if (element.prefix) _tag.append(element.prefix).append(1, ':');
     _tag.append(element.local);
