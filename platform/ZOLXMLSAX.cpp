@@ -30,6 +30,11 @@ std::string_view View(const xmlChar* s) {
   return s ? std::string_view(reinterpret_cast<const char*>(s)) : std::string_view();
 }
 
+// An element name in parts, as a lean handler takes it.
+ZOLSAXName NameOf(const xmlChar* local, const xmlChar* prefix, const xmlChar* uri) {
+  return {reinterpret_cast<const char*>(local), reinterpret_cast<const char*>(prefix), reinterpret_cast<const char*>(uri)};
+}
+
 // True when the C string s is exactly text; reads s no further than its terminator.
 bool SameText(const xmlChar* s, std::string_view text) {
   if (!s) return text.empty();
@@ -289,18 +294,14 @@ void Reader::OnStartElementLean(void* ctx, const xmlChar* localName, const xmlCh
   ++r->_depth;
   if (nbNamespaces > 0) r->StartPrefixes(nbNamespaces, namespaces);
   r->Call([&] {
-    const ZOLSAXName name{reinterpret_cast<const char*>(localName), reinterpret_cast<const char*>(prefix),
-                          reinterpret_cast<const char*>(uri)};
-    return r->_lean->StartElement(name, ZOLSAXAttributeList(attributes, nbAttributes));
+    return r->_lean->StartElement(NameOf(localName, prefix, uri), ZOLSAXAttributeList(attributes, nbAttributes));
   });
 }
 
 void Reader::OnEndElementLean(void* ctx, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri) {
   Reader* r = Self(ctx);
   r->Call([&] {
-    const ZOLSAXName name{reinterpret_cast<const char*>(localName), reinterpret_cast<const char*>(prefix),
-                          reinterpret_cast<const char*>(uri)};
-    return r->_lean->EndElement(name);
+    return r->_lean->EndElement(NameOf(localName, prefix, uri));
   });
   // Most elements declare no prefix.
   if (r->_prefixCounts.empty() || r->_prefixCounts.back().first != r->_depth) --r->_depth;
