@@ -205,9 +205,13 @@ public:
   /// The value under key, made (value-initialised) if absent; the key is copied to the store.
   V& operator[](std::string_view key) { return Get(key, ZOLVotHash(key)); }
   /// As operator[], for a key whose ZOLVotHash is h.
-  V& Get(std::string_view key, uint64_t h) { return Insert<false>(key, h).value; }
-  /// As Get, for a key whose buffer may be read 64 bytes from its start (see AppendPadded).
-  V& GetPadded(std::string_view key, uint64_t h) { return Insert<true>(key, h).value; }
+  V& Get(std::string_view key, uint64_t h) {
+    return Insert(key, h, [&] { return ZOLVotStore(*_chars, key); }).value;
+  }
+  /// As Get, for a key that lies in the store already: a new entry keeps that copy.
+  V& Adopt(ZOLVotSpan key, uint64_t h) {
+    return Insert(ZOLVotView(*_chars, key), h, [key] { return key; }).value;
+  }
 
   /// Removes key; 1 if it was there.
   int Erase(std::string_view key) { return Erase(key, ZOLVotHash(key)); }
@@ -258,8 +262,9 @@ private:
     V value{};
   };
 
-  template <bool kPadded>
-  Slot& Insert(std::string_view key, uint64_t h) {
+  // The slot of key, made when absent with the key span that store() gives.
+  template <class Store>
+  Slot& Insert(std::string_view key, uint64_t h, Store store) {
     if ((_count + 1) * 4 > _slots.size() * 3) Grow();
     size_t i = h & _mask;
     for (;; i = (i + 1) & _mask) {
@@ -269,7 +274,7 @@ private:
     }
     Slot& s = _slots[i];
     s.hash = h;
-    s.key = kPadded ? _chars->AppendPadded(key) : ZOLVotStore(*_chars, key);
+    s.key = store();
     s.value = V();
     ++_count;
     return s;

@@ -336,30 +336,21 @@ HRESULT ZOLVotTransientStandard::Load(const ZOLUnicodeString* source, bool isBuf
 }
 
 void ZOLVotTransientStandard::Reserve(size_t textBytes) {
-  // Sized once from the text: a standard has an element per 45 bytes or so, and its names, values
-  // and keys come to about three quarters of the text. Growing by doubling instead would copy and
-  // touch twice the memory.
+  // Sized once from the text: a standard has an element per 45 bytes or so, its names and values
+  // come to under a third of the text and its keys to a little over a half. Growing by doubling
+  // instead would copy and touch twice the memory.
   _Nodes.reserve(textBytes / 40 + 16);
-  _Chars.reserve(textBytes - textBytes / 4 + 256);
+  _Chars.reserve(textBytes / 3 + 256);
+  _Keys.reserve(textBytes / 2 + textBytes / 8 + 256);
   // From the share of each kind of value in a typical standard.
   _Pending[0].reserve(textBytes / 192 + 16);
   _Pending[1].reserve(textBytes / 320 + 16);
   _Pending[2].reserve(textBytes / 128 + 16);
-  _PendingKeys.reserve(textBytes / 2 + 256);
-  // The maps likewise, from the share of each kind of value in a typical standard, a little
-  // under so that an unusual text grows a map once rather than holding a half-empty one.
-  _IntValues.Reserve(textBytes / 256);
-  _StringValues.Reserve(textBytes / 192);
-  _DoubleValues.Reserve(textBytes / 320);
-  _EnumValues.Reserve(textBytes / 640);
-  _IntArrays.Reserve(textBytes / 4096);
 }
 
 void ZOLVotTransientStandard::FinishLoad() {
-  // The path buffers and the values taken down are load state only.
+  // The path buffer and the values taken down are load state only.
   _CurrentPath = ZOLVotChars();
-  _PreviousPath = ZOLVotChars();
-  _PendingKeys = ZOLVotChars();
   for (std::vector<PendingValue>& group : _Pending) std::vector<PendingValue>().swap(group);
 }
 
@@ -500,48 +491,52 @@ void ZOLVotTransientStandard::DeferValue(Kind kind, ZOLVotSpan text) {
   const std::string_view path = _CurrentPath.View();
   bool first = false;
   if (_PathChanges != _FiledAtChanges) {
-    const std::string_view previous = _AnyPending ? ZOLVotView(_PendingKeys, _LastPendingPath) : _PreviousPath.View();
+    const std::string_view previous = ZOLVotView(_Keys, _LastValuePath);
     first = path.size() != previous.size() || !ZOLVotSameBytes(path.data(), previous.data(), path.size());
   }
   _FiledAtChanges = _PathChanges;
   // Keys are copied in blocks of 64 bytes (see AppendPadded): both stores keep that much room.
   if (_CurrentPath.capacity() - path.size() < 64) _CurrentPath.reserve(path.size() + 128);
-  if (_PendingKeys.capacity() - _PendingKeys.size() < path.size() + sizeof _Suffix + 64)
-    _PendingKeys.reserve(2 * _PendingKeys.capacity() + path.size() + 128);
-  ZOLVotSpan key = _PendingKeys.AppendPadded(_CurrentPath.View());
-  key.len += _PendingKeys.Append({_Suffix, _SuffixLength}).len;
+  if (_Keys.capacity() - _Keys.size() < path.size() + sizeof _Suffix + 64)
+    _Keys.reserve(2 * _Keys.capacity() + path.size() + 128);
+  ZOLVotSpan key = _Keys.AppendPadded(_CurrentPath.View());
+  key.len += _Keys.Append({_Suffix, _SuffixLength}).len;
   static constexpr uint8_t kGroup[] = {0, 0, 0, 0, 1, 2, 2, 0, 0, 0};  // by ZOLVotNodeKind
-  static_assert(std::size(kGroup) == std::size(kTypeNames));
+  static_assert(std::size(kGroup) == kZOLVotNodeKinds);
   _Pending[kGroup[static_cast<int>(kind)]].push_back({key, static_cast<uint32_t>(path.size()), text, kind, first});
-  _LastPendingPath = {key.off, static_cast<uint32_t>(path.size())};
-  _AnyPending = true;
+  ++_PendingCounts[static_cast<int>(kind)];
+  _LastValuePath = {key.off, static_cast<uint32_t>(path.size())};
 }
 
 void ZOLVotTransientStandard::FilePending() {
+  const uint32_t* count = _PendingCounts;
+  _IntValues.Reserve(_IntValues.Size() + count[static_cast<int>(Kind::IntVal)]);
+  _DoubleValues.Reserve(_DoubleValues.Size() + count[static_cast<int>(Kind::FloatVal)]);
+  _StringValues.Reserve(_StringValues.Size() + count[static_cast<int>(Kind::StrVal)]);
+  _EnumValues.Reserve(_EnumValues.Size() + count[static_cast<int>(Kind::EnumVal)]);
+  _IntArrays.Reserve(_IntArrays.Size() + count[static_cast<int>(Kind::ColorVal)]);
+  std::fill(std::begin(_PendingCounts), std::end(_PendingCounts), 0);
   for (std::vector<PendingValue>& group : _Pending) {
     for (const PendingValue& value : group) FileValue(value);
     group.clear();
   }
-  if (_AnyPending) {
-    _PreviousPath.Truncate(0);
-    _PreviousPath.Append(ZOLVotView(_PendingKeys, _LastPendingPath));
-  }
-  _AnyPending = false;
-  _PendingKeys.Truncate(0);
 }
 
 void ZOLVotTransientStandard::FileValue(const PendingValue& value) {
   const Kind kind = value.kind;
   const ZOLVotSpan span = value.text;
   const std::string_view text = ZOLVotView(_Chars, span);
-  const std::string_view key = ZOLVotView(_PendingKeys, value.key);
+  // The bare path starts the key: an array's key is that part of the value's.
+  const std::string_view key = ZOLVotView(_Keys, value.key);
   const std::string_view path = key.substr(0, value.pathLength);
+  const ZOLVotSpan pathKey{value.key.off, value.pathLength};
   if (kind == Kind::ColorVal) {
     // A colour is keyed by the bare path, and only its first value at a path counts.
     if (value.firstAtPath) {
       std::vector<int> rgb;
+      rgb.reserve(3);
       SplitColor(text, rgb);
-      _IntArrays.GetPadded(path, ZOLVotHash(path)) = std::move(rgb);
+      _IntArrays.Adopt(pathKey, ZOLVotHash(path)) = std::move(rgb);
     }
     return;
   }
@@ -550,19 +545,20 @@ void ZOLVotTransientStandard::FileValue(const PendingValue& value) {
     switch (kind) {
       case Kind::IntVal: {
         const int v = ReadInt(text);
-        _IntValues.GetPadded(key, h) = v;
+        _IntValues.Adopt(value.key, h) = v;
         break;
       }
       case Kind::FloatVal: {
         const double v = ReadReal(text);
-        _DoubleValues.GetPadded(key, h) = v;
+        _DoubleValues.Adopt(value.key, h) = v;
         break;
       }
       case Kind::StrVal:
-        _StringValues.GetPadded(key, h) = span;
+        _StringValues.Adopt(value.key, h) = span;
         break;
       case Kind::EnumVal:
         // The enum value's name is its type, not a path component: filed under the parent node.
+        // The new key may move the store: it is made apart first.
         _Key.assign(ParentOf(path));
         _Key.append(key.substr(path.size()));
         _EnumValues[_Key] = span;
@@ -574,10 +570,9 @@ void ZOLVotTransientStandard::FileValue(const PendingValue& value) {
     // One more value at the same path: the values form an array under the bare path.
     switch (kind) {
       case Kind::IntVal: {
-        // Read before the array's key is stored: the store may move, and the text with it.
         const int v = ReadInt(text);
         const int* first = _IntValues.Find(key, h);
-        std::vector<int>& list = _IntArrays[path];
+        std::vector<int>& list = _IntArrays.Adopt(pathKey, ZOLVotHash(path));
         if (first) {
           list.assign(1, *first);
           _IntValues.Erase(key, h);
@@ -586,10 +581,9 @@ void ZOLVotTransientStandard::FileValue(const PendingValue& value) {
         break;
       }
       case Kind::FloatVal: {
-        // Read before the array's key is stored: the store may move, and the text with it.
         const double v = ReadReal(text);
         const double* first = _DoubleValues.Find(key, h);
-        std::vector<double>& list = _DoubleArrays[path];
+        std::vector<double>& list = _DoubleArrays.Adopt(pathKey, ZOLVotHash(path));
         if (first) {
           list.assign(1, *first);
           _DoubleValues.Erase(key, h);
@@ -600,7 +594,7 @@ void ZOLVotTransientStandard::FileValue(const PendingValue& value) {
       case Kind::StrVal:
       case Kind::EnumVal: {
         const ZOLVotSpan* first = _StringValues.Find(key, h);
-        std::vector<ZOLVotSpan>& list = _StringArrays[path];
+        std::vector<ZOLVotSpan>& list = _StringArrays.Adopt(pathKey, ZOLVotHash(path));
         if (first) {
           list.assign(1, *first);
           _StringValues.Erase(key, h);
@@ -1143,7 +1137,7 @@ void ZOLVotTransientStandard::ListFiledValues(std::string_view prefix, std::vect
 }
 
 size_t ZOLVotTransientStandard::MemoryBytes() const {
-  size_t bytes = sizeof(*this) + _Chars.capacity() + _Nodes.capacity() * sizeof(Node);
+  size_t bytes = sizeof(*this) + _Chars.capacity() + _Keys.capacity() + _Nodes.capacity() * sizeof(Node);
   bytes += _EnumDefinitions.SlotBytes() + _IntValues.SlotBytes() + _IntArrays.SlotBytes() + _DoubleValues.SlotBytes() +
            _DoubleArrays.SlotBytes() + _StringValues.SlotBytes() + _EnumValues.SlotBytes() +
            _StringArrays.SlotBytes() + _NodeCache.SlotBytes();

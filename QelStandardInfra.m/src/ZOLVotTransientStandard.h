@@ -21,6 +21,7 @@ class ZOLIQelStandard;
 
 /// Element kinds by qualified name; Other keeps the name as read.
 enum class ZOLVotNodeKind : uint8_t { Other, Node, TypeVal, IntVal, FloatVal, StrVal, EnumVal, ColorVal, EnumDef, TypeDef };
+inline constexpr size_t kZOLVotNodeKinds = static_cast<size_t>(ZOLVotNodeKind::TypeDef) + 1;
 
 /// One element of a standard, in the object's node store. Children are linked in document order.
 struct ZOLVotStandardNode {
@@ -134,8 +135,8 @@ private:
   // The load's work for a start tag (tag: the qualified name, needed for Other kinds only) and an end tag.
   void OpenNode(ZOLVotNodeKind kind, std::string_view name, std::string_view tag);
   void CloseNode();
-  // A value to file: its key (path and index) in _PendingKeys, and whether it is the first at
-  // its path since the value before.
+  // A value to file: its key (path and index) in _Keys, and whether it is the first at its path
+  // since the value before.
   struct PendingValue {
     ZOLVotSpan key;
     uint32_t pathLength;
@@ -170,21 +171,23 @@ private:
   ZOLUnicodeString _FilePath;
   int _Version = -1;
 
-  // Names, values and cache keys, addressed by spans.
+  // Names and values, addressed by spans.
   ZOLVotChars _Chars;
+  // The keys of the maps. The load writes each value's key here once, and the map keeps that copy.
+  ZOLVotChars _Keys;
   // Element nodes in the order of their start tags; _Root indexes the document element.
   std::vector<ZOLVotStandardNode> _Nodes;
   uint32_t _Root = ZOLVotStandardNode::kNone;
 
-  ZOLVotKeyMap<std::vector<ZOLVotSpan>> _EnumDefinitions{_Chars};
-  ZOLVotKeyMap<int> _IntValues{_Chars};
-  ZOLVotKeyMap<std::vector<int>> _IntArrays{_Chars};
-  ZOLVotKeyMap<double> _DoubleValues{_Chars};
-  ZOLVotKeyMap<std::vector<double>> _DoubleArrays{_Chars};
-  ZOLVotKeyMap<ZOLVotSpan> _StringValues{_Chars};
-  ZOLVotKeyMap<ZOLVotSpan> _EnumValues{_Chars};
-  ZOLVotKeyMap<std::vector<ZOLVotSpan>> _StringArrays{_Chars};
-  ZOLVotKeyMap<uint32_t> _NodeCache{_Chars};
+  ZOLVotKeyMap<std::vector<ZOLVotSpan>> _EnumDefinitions{_Keys};
+  ZOLVotKeyMap<int> _IntValues{_Keys};
+  ZOLVotKeyMap<std::vector<int>> _IntArrays{_Keys};
+  ZOLVotKeyMap<double> _DoubleValues{_Keys};
+  ZOLVotKeyMap<std::vector<double>> _DoubleArrays{_Keys};
+  ZOLVotKeyMap<ZOLVotSpan> _StringValues{_Keys};
+  ZOLVotKeyMap<ZOLVotSpan> _EnumValues{_Keys};
+  ZOLVotKeyMap<std::vector<ZOLVotSpan>> _StringArrays{_Keys};
+  ZOLVotKeyMap<uint32_t> _NodeCache{_Keys};
 
   // Load state.
   struct OpenElement {
@@ -204,18 +207,17 @@ private:
   // Counts the ends that cut the path at its last dot by search (see OpenElement).
   uint32_t _PathIrregular = 0;
   uint32_t _FiledAtChanges = 0;
-  // The path of the last value filed before _Pending.
-  ZOLVotChars _PreviousPath;
   // Values taken down and not filed yet. The load files them once the parse is over, so that
   // the maps do not compete with the parser for the cache; anyone else driving the content
   // handler gets each value filed at its end tag. Grouped by the maps they go to (integers and
   // colours, reals, strings and enums): the groups share no map, so filing each in its own run,
   // in document order, gives what one run would.
   std::vector<PendingValue> _Pending[3];
-  ZOLVotChars _PendingKeys;
-  // The path of the last value taken down, in _PendingKeys; len 0 with none taken down.
-  ZOLVotSpan _LastPendingPath;
-  bool _AnyPending = false;
+  // Values taken down and not filed, by kind: the maps are sized for them just before filing,
+  // so that their slots are fresh in the cache when filled.
+  uint32_t _PendingCounts[kZOLVotNodeKinds] = {};
+  // The path of the last value taken down, in _Keys; empty before the first.
+  ZOLVotSpan _LastValuePath;
   bool _DeferFiling = false;
   // The character data since the last start tag or value, gathered straight into the store while
   // a value element is open (no other text is ever read).
