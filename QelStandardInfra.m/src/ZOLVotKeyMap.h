@@ -240,7 +240,9 @@ public:
 
   /// Makes room for count keys without growing.
   void Reserve(size_t count) {
-    while (count * 4 > _slots.size() * 3) Grow();
+    size_t size = _slots.empty() ? 16 : _slots.size();
+    while (count * 4 > size * 3) size *= 2;
+    if (size != _slots.size()) Rehash(size);
   }
 
   /// Number of keys.
@@ -284,10 +286,12 @@ private:
     return s.key.len == key.size() && ZOLVotSameBytes(_chars->data() + s.key.off, key.data(), key.size());
   }
 
-  void Grow() {
+  void Grow() { Rehash(_slots.empty() ? 16 : _slots.size() * 2); }
+
+  // Moves the entries to a table of size slots, a power of two that holds them.
+  void Rehash(size_t size) {
     std::vector<Slot> old;
     old.swap(_slots);
-    size_t size = old.empty() ? 16 : old.size() * 2;
     _slots.resize(size);
     _mask = size - 1;
     for (Slot& s : old) {
