@@ -185,6 +185,20 @@ int StoiPiece(std::string_view piece) {
   return static_cast<int>(v);
 }
 
+// Files one more value at a path: the value filed singly under key, if still there, becomes the
+// first of the array under the bare path (pathKey, the start of key), and v follows it.
+template <class T>
+void AddToArray(ZOLVotKeyMap<T>& singles, ZOLVotKeyMap<std::vector<T>>& arrays, std::string_view key, uint64_t h,
+                ZOLVotSpan pathKey, T v) {
+  const T* first = singles.Find(key, h);
+  std::vector<T>& list = arrays.Adopt(pathKey, ZOLVotHash(key.substr(0, pathKey.len)));
+  if (first) {
+    list.assign(1, *first);
+    singles.Erase(key, h);
+  }
+  list.push_back(v);
+}
+
 // Writes a string array to the caller's strings.
 void WriteStrings(const ZOLVotChars& chars, const std::vector<ZOLVotSpan>& list, ZOLUnicodeString** oValues) {
   for (size_t i = 0; i < list.size(); ++i)
@@ -543,16 +557,12 @@ void ZOLVotTransientStandard::FileValue(const PendingValue& value) {
   const uint64_t h = ZOLVotHash(key);
   if (value.firstAtPath) {
     switch (kind) {
-      case Kind::IntVal: {
-        const int v = ReadInt(text);
-        _IntValues.Adopt(value.key, h) = v;
+      case Kind::IntVal:
+        _IntValues.Adopt(value.key, h) = ReadInt(text);
         break;
-      }
-      case Kind::FloatVal: {
-        const double v = ReadReal(text);
-        _DoubleValues.Adopt(value.key, h) = v;
+      case Kind::FloatVal:
+        _DoubleValues.Adopt(value.key, h) = ReadReal(text);
         break;
-      }
       case Kind::StrVal:
         _StringValues.Adopt(value.key, h) = span;
         break;
@@ -569,39 +579,16 @@ void ZOLVotTransientStandard::FileValue(const PendingValue& value) {
   } else {
     // One more value at the same path: the values form an array under the bare path.
     switch (kind) {
-      case Kind::IntVal: {
-        const int v = ReadInt(text);
-        const int* first = _IntValues.Find(key, h);
-        std::vector<int>& list = _IntArrays.Adopt(pathKey, ZOLVotHash(path));
-        if (first) {
-          list.assign(1, *first);
-          _IntValues.Erase(key, h);
-        }
-        list.push_back(v);
+      case Kind::IntVal:
+        AddToArray(_IntValues, _IntArrays, key, h, pathKey, ReadInt(text));
         break;
-      }
-      case Kind::FloatVal: {
-        const double v = ReadReal(text);
-        const double* first = _DoubleValues.Find(key, h);
-        std::vector<double>& list = _DoubleArrays.Adopt(pathKey, ZOLVotHash(path));
-        if (first) {
-          list.assign(1, *first);
-          _DoubleValues.Erase(key, h);
-        }
-        list.push_back(v);
+      case Kind::FloatVal:
+        AddToArray(_DoubleValues, _DoubleArrays, key, h, pathKey, ReadReal(text));
         break;
-      }
       case Kind::StrVal:
-      case Kind::EnumVal: {
-        const ZOLVotSpan* first = _StringValues.Find(key, h);
-        std::vector<ZOLVotSpan>& list = _StringArrays.Adopt(pathKey, ZOLVotHash(path));
-        if (first) {
-          list.assign(1, *first);
-          _StringValues.Erase(key, h);
-        }
-        list.push_back(span);
+      case Kind::EnumVal:
+        AddToArray(_StringValues, _StringArrays, key, h, pathKey, span);
         break;
-      }
       default:
         break;
     }
