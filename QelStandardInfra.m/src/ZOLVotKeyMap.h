@@ -98,15 +98,16 @@ public:
     return span;
   }
 
-  /// As Append, for text whose buffer may be read 64 bytes from its start whatever its length:
+  /// As Append, for text whose buffer may be read K bytes from its start whatever its length:
   /// a short text then takes one fixed-size copy, with no branch on its length.
+  template <size_t K = 64>
   [[gnu::always_inline]] ZOLVotSpan AppendPadded(std::string_view text) {
     const size_t n = text.size();
-    if (n > 64 || 64 > _capacity - _size) return Append(text);
+    if (n > K || K > _capacity - _size) return Append(text);
     char* d = _data.get() + _size;
-    char block[64];
-    std::memcpy(block, text.data(), 64);
-    std::memcpy(d, block, 64);
+    char block[K];
+    std::memcpy(block, text.data(), K);
+    std::memcpy(d, block, K);
     ZOLVotSpan span{static_cast<uint32_t>(_size), static_cast<uint32_t>(n)};
     _size += n;
     return span;

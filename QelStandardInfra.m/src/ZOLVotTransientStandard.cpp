@@ -109,16 +109,14 @@ bool HasDot(std::string_view name) {
   return (((a - kOnes) & ~a) | ((b - kOnes) & ~b)) & kHighs;
 }
 
-// Cuts a path before its last "."; a path without one becomes empty.
-void RemoveLastComponent(ZOLVotChars& path) {
-  const void* dot = path.size() ? memrchr(path.data(), '.', path.size()) : nullptr;
-  path.Truncate(dot ? static_cast<size_t>(static_cast<const char*>(dot) - path.data()) : 0);
+// A path before its last "."; empty for a path without one.
+std::string_view ParentOf(std::string_view path) {
+  const void* dot = path.empty() ? nullptr : memrchr(path.data(), '.', path.size());
+  return {path.data(), dot ? static_cast<size_t>(static_cast<const char*>(dot) - path.data()) : 0};
 }
 
-std::string_view ParentOf(std::string_view path) {
-  size_t dot = path.rfind('.');
-  return dot == std::string_view::npos ? std::string_view() : path.substr(0, dot);
-}
+// Cuts a path before its last "."; a path without one becomes empty.
+void RemoveLastComponent(ZOLVotChars& path) { path.Truncate(ParentOf(path.View()).size()); }
 
 void AppendNumber(std::string& s, int n) {
   char digits[16];
@@ -191,7 +189,7 @@ template <class T>
 void AddToArray(ZOLVotKeyMap<T>& singles, ZOLVotKeyMap<std::vector<T>>& arrays, std::string_view key, uint64_t h,
                 ZOLVotSpan pathKey, T v) {
   const T* first = singles.Find(key, h);
-  std::vector<T>& list = arrays.Adopt(pathKey, ZOLVotHash(key.substr(0, pathKey.len)));
+  std::vector<T>& list = arrays.Adopt(pathKey, ZOLVotHash({key.data(), pathKey.len}));
   if (first) {
     list.assign(1, *first);
     singles.Erase(key, h);
@@ -514,7 +512,7 @@ void ZOLVotTransientStandard::DeferValue(Kind kind, ZOLVotSpan text) {
   if (_Keys.capacity() - _Keys.size() < path.size() + sizeof _Suffix + 64)
     _Keys.reserve(2 * _Keys.capacity() + path.size() + 128);
   ZOLVotSpan key = _Keys.AppendPadded(_CurrentPath.View());
-  key.len += _Keys.Append({_Suffix, _SuffixLength}).len;
+  key.len += _Keys.AppendPadded<sizeof _Suffix>({_Suffix, _SuffixLength}).len;
   static constexpr uint8_t kGroup[] = {0, 0, 0, 0, 1, 2, 2, 0, 0, 0};  // by ZOLVotNodeKind
   static_assert(std::size(kGroup) == kZOLVotNodeKinds);
   _Pending[kGroup[static_cast<int>(kind)]].push_back({key, static_cast<uint32_t>(path.size()), text, kind, first});
@@ -542,7 +540,7 @@ void ZOLVotTransientStandard::FileValue(const PendingValue& value) {
   const std::string_view text = ZOLVotView(_Chars, span);
   // The bare path starts the key: an array's key is that part of the value's.
   const std::string_view key = ZOLVotView(_Keys, value.key);
-  const std::string_view path = key.substr(0, value.pathLength);
+  const std::string_view path(key.data(), value.pathLength);
   const ZOLVotSpan pathKey{value.key.off, value.pathLength};
   if (kind == Kind::ColorVal) {
     // A colour is keyed by the bare path, and only its first value at a path counts.
@@ -569,9 +567,7 @@ void ZOLVotTransientStandard::FileValue(const PendingValue& value) {
       case Kind::EnumVal:
         // The enum value's name is its type, not a path component: filed under the parent node.
         // The new key may move the store: it is made apart first.
-        _Key.assign(ParentOf(path));
-        _Key.append(key.substr(path.size()));
-        _EnumValues[_Key] = span;
+        _EnumValues[JoinKey(ParentOf(path), key.substr(path.size()))] = span;
         break;
       default:
         break;
@@ -685,17 +681,19 @@ const Node* ZOLVotTransientStandard::FindNode(std::string_view path, int index) 
 // Values
 
 std::string_view ZOLVotTransientStandard::MakeKey(std::string_view path, int index) {
-  char digits[16];
-  size_t count = 1;
-  if (index >= 1 && index <= 9) digits[0] = static_cast<char>('0' + index);
-  else count = static_cast<size_t>(std::to_chars(digits, digits + sizeof digits, index).ptr - digits);
-  const size_t size = path.size() + 1 + count;
+  char suffix[16] = {'.', static_cast<char>('0' + index)};
+  size_t count = 2;
+  if (index < 1 || index > 9) count = static_cast<size_t>(std::to_chars(suffix + 1, suffix + sizeof suffix, index).ptr - suffix);
+  return JoinKey(path, {suffix, count});
+}
+
+std::string_view ZOLVotTransientStandard::JoinKey(std::string_view head, std::string_view tail) {
+  const size_t size = head.size() + tail.size();
   // The buffer only grows; the view gives the key its length.
   if (_Key.size() < size) _Key.resize(size + 32);
   char* key = _Key.data();
-  ZOLVotCopy(key, path.data(), path.size());
-  key[path.size()] = '.';
-  std::memcpy(key + path.size() + 1, digits, count);
+  ZOLVotCopy(key, head.data(), head.size());
+  ZOLVotCopy(key + head.size(), tail.data(), tail.size());
   return {key, size};
 }
 

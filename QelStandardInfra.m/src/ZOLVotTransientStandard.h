@@ -145,9 +145,9 @@ private:
     bool firstAtPath;
   };
   // Takes down a value's key and text at its end tag; FilePending files what was taken down.
-  void DeferValue(ZOLVotNodeKind kind, ZOLVotSpan text);
+  [[gnu::always_inline]] inline void DeferValue(ZOLVotNodeKind kind, ZOLVotSpan text);
   void FilePending();
-  void FileValue(const PendingValue& value);
+  [[gnu::always_inline]] inline void FileValue(const PendingValue& value);
   // Drops the text gathered since the last start tag or value, reclaiming its characters when
   // nothing was stored after them.
   void DropText() {
@@ -157,8 +157,9 @@ private:
   const ZOLVotStandardNode* At(uint32_t i) const { return i == ZOLVotStandardNode::kNone ? nullptr : &_Nodes[i]; }
   uint32_t IndexOf(const ZOLVotStandardNode* n) const { return static_cast<uint32_t>(n - _Nodes.data()); }
   const ZOLVotStandardNode* FindChild(uint32_t first, std::string_view name) const;
-  // "path.index" and "parent-of-path.index", built in the reused key buffer.
+  // "path.index", "parent-of-path.index" and head + tail, built in the reused key buffer.
   std::string_view MakeKey(std::string_view path, int index);
+  std::string_view JoinKey(std::string_view head, std::string_view tail);
   std::string_view MakeParentKey(std::string_view path, int index);
   // One integer or real: the cache, else the leaf of that kind or a node's first child, read and cached.
   template <class T, class Read>
