@@ -29,7 +29,7 @@ template <size_t K>
 
 /// Copies n bytes; short texts, the usual case, by two moves of a fixed size, longer ones by
 /// memcpy. No loop: the branches go by size class only.
-inline void ZOLVotCopy(char* d, const char* s, size_t n) {
+[[gnu::always_inline]] inline void ZOLVotCopy(char* d, const char* s, size_t n) {
   if (n <= 16) {
     if (n >= 8) {
       ZOLVotCopyEnds<8>(d, s, n);

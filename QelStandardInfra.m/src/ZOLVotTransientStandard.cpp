@@ -82,7 +82,7 @@ bool IsValueKind(Kind k) {
 // Whether a name holds a dot. Short names are read as they are copied, in two words that may
 // overlap, and tested a word at a time; the name is read where the parser left it, not from the
 // path just written, whose bytes would not be ready for wide reads yet.
-bool HasDot(std::string_view name) {
+[[gnu::always_inline]] inline bool HasDot(std::string_view name) {
   const size_t n = name.size();
   const char* p = name.data();
   if (n > 16) return memchr(p, '.', n);
@@ -257,7 +257,10 @@ public:
     return 0;
   }
 
-  int Characters(std::string_view text) override { return _standard.Characters(text); }
+  int Characters(std::string_view text) override {
+    _standard.GatherText(text);
+    return 0;
+  }
 
 private:
   struct Slot {
@@ -430,13 +433,17 @@ void ZOLVotTransientStandard::OpenNode(Kind kind, std::string_view name, std::st
 }
 
 int ZOLVotTransientStandard::Characters(std::string_view text) {
-  if (_OpenValues == 0) return 0;
-  // Something stored since the last piece (a definition's name): move the gathered text to the
-  // end so that it stays in one run.
+  GatherText(text);
+  return 0;
+}
+
+void ZOLVotTransientStandard::GatherText(std::string_view text) {
+  if (_OpenValues == 0) return;
+  // Anything stored since the last piece: move the gathered text to the end so that it stays in
+  // one run.
   if (_Text.len && _Text.off + _Text.len != _Chars.size()) _Text = ZOLVotStore(_Chars, ZOLVotView(_Chars, _Text));
   if (!_Text.len) _Text.off = static_cast<uint32_t>(_Chars.size());
   _Text.len += ZOLVotStore(_Chars, text).len;
-  return 0;
 }
 
 void ZOLVotTransientStandard::CloseNode() {

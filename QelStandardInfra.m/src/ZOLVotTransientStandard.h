@@ -133,8 +133,10 @@ private:
   void Reserve(size_t textBytes);
   void FinishLoad();
   // The load's work for a start tag (tag: the qualified name, needed for Other kinds only) and an end tag.
-  void OpenNode(ZOLVotNodeKind kind, std::string_view name, std::string_view tag);
-  void CloseNode();
+  [[gnu::always_inline]] inline void OpenNode(ZOLVotNodeKind kind, std::string_view name, std::string_view tag);
+  [[gnu::always_inline]] inline void CloseNode();
+  // The load's work for character data.
+  [[gnu::always_inline]] inline void GatherText(std::string_view text);
   // A value to file: its key (path and index) in _Keys, and whether it is the first at its path
   // since the value before.
   struct PendingValue {
