@@ -164,7 +164,7 @@ inline uint64_t ZOLVotHash(std::string_view s) {
   constexpr uint64_t k0 = 0xa0761d6478bd642full, k1 = 0xe7037ed1a0b428dbull, k2 = 0x8ebc6af09c88c6e3ull;
   const char* p = s.data();
   const size_t n = s.size();
-  uint64_t seed = k0 ^ Mix(n ^ k0, k1);
+  uint64_t seed = k0 ^ n;
   uint64_t a = 0, b = 0;
   if (n <= 16) {
     if (n >= 4) {
@@ -268,7 +268,7 @@ private:
   // The slot of key, made when absent with the key span that store() gives.
   template <class Store>
   Slot& Insert(std::string_view key, uint64_t h, Store store) {
-    if ((_count + 1) * 4 > _slots.size() * 3) Grow();
+    if (_count >= _limit) Grow();
     size_t i = h & _mask;
     for (;; i = (i + 1) & _mask) {
       Slot& s = _slots[i];
@@ -294,6 +294,7 @@ private:
     std::vector<Slot> old;
     old.swap(_slots);
     _slots.resize(size);
+    _limit = size / 4 * 3;
     _mask = size - 1;
     for (Slot& s : old) {
       if (!s.hash) continue;
@@ -307,4 +308,6 @@ private:
   std::vector<Slot> _slots;
   size_t _mask = 0;
   size_t _count = 0;
+  // The count that makes the table grow: three quarters full.
+  size_t _limit = 0;
 };

@@ -479,7 +479,8 @@ void ZOLVotTransientStandard::CloseNode() {
     _Text = {static_cast<uint32_t>(_Chars.size()), 0};
   }
   if (kind == Kind::EnumDef) {
-    _EnumDefinitions[_EnumdefName ? *_EnumdefName : std::string()] = std::move(_EnumdefValues);
+    // Copied, so that the list keeps its room for the next definition.
+    _EnumDefinitions[_EnumdefName ? *_EnumdefName : std::string()] = _EnumdefValues;
     _EnumdefValues.clear();
     _EnumdefName.reset();
   } else if (kind == Kind::TypeDef) {
