@@ -164,7 +164,7 @@ inline uint64_t ZOLVotHash(std::string_view s) {
   constexpr uint64_t k0 = 0xa0761d6478bd642full, k1 = 0xe7037ed1a0b428dbull, k2 = 0x8ebc6af09c88c6e3ull;
   const char* p = s.data();
   const size_t n = s.size();
-  uint64_t seed = k0 ^ n;
+  uint64_t seed = k0 ^ Mix(n ^ k0, k1);
   uint64_t a = 0, b = 0;
   if (n <= 16) {
     if (n >= 4) {
