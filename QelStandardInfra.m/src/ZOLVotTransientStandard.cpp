@@ -415,6 +415,10 @@ void ZOLVotTransientStandard::OpenNode(Kind kind, std::string_view name, std::st
     open.addedPlainName = !HasDot(name);
     ++_PathChanges;
   }
+  if (silent || _TypevalClosed) [[unlikely]] OpenEntryOrDefinition(kind, name);
+}
+
+void ZOLVotTransientStandard::OpenEntryOrDefinition(Kind kind, std::string_view name) {
   if (kind != Kind::TypeVal && _TypevalClosed) {
     _TypevalName.reset();
     _TypevalIndex = 1;
@@ -470,14 +474,31 @@ void ZOLVotTransientStandard::CloseNode() {
   }
 
   if (isValue) {
-    if (_EnumdefName) _EnumdefValues.push_back(text);
-    else if (!_TypedefName) {
+    if (_EnumdefName || _TypedefName) [[unlikely]] {
+      if (_EnumdefName) _EnumdefValues.push_back(text);
+    } else {
       DeferValue(kind, text);
-      if (!_DeferFiling) FilePending();
+      if (!_DeferFiling) [[unlikely]] FilePending();
     }
     // The value keeps its characters; what follows gathers anew.
     _Text = {static_cast<uint32_t>(_Chars.size()), 0};
   }
+  const bool entryOrDefinition = kind == Kind::TypeVal || kind == Kind::EnumDef || kind == Kind::TypeDef;
+  if (entryOrDefinition) [[unlikely]] CloseEntryOrDefinition(kind);
+  // Kept on purpose: a named element removes a component even when it added none ("drafting",
+  // "Styles", a typedef), so what follows a nested "Styles" comes out one level short.
+  if (!closing.nameless && kind != Kind::TypeVal && kind != Kind::EnumDef) {
+    if (closing.addedPlainName && closing.irregular == _PathIrregular) [[likely]] {
+      _CurrentPath.Truncate(closing.pathBefore);
+    } else {
+      RemoveLastComponent(_CurrentPath);
+      ++_PathIrregular;
+    }
+    ++_PathChanges;
+  }
+}
+
+void ZOLVotTransientStandard::CloseEntryOrDefinition(Kind kind) {
   if (kind == Kind::EnumDef) {
     // Copied, so that the list keeps its room for the next definition.
     _EnumDefinitions[_EnumdefName ? *_EnumdefName : std::string()] = _EnumdefValues;
@@ -485,19 +506,8 @@ void ZOLVotTransientStandard::CloseNode() {
     _EnumdefName.reset();
   } else if (kind == Kind::TypeDef) {
     _TypedefName.reset();
-  } else if (kind == Kind::TypeVal) {
+  } else {
     _TypevalClosed = 1;
-  }
-  // Kept on purpose: a named element removes a component even when it added none ("drafting",
-  // "Styles", a typedef), so what follows a nested "Styles" comes out one level short.
-  if (!closing.nameless && kind != Kind::TypeVal && kind != Kind::EnumDef) {
-    if (closing.addedPlainName && closing.irregular == _PathIrregular) {
-      _CurrentPath.Truncate(closing.pathBefore);
-    } else {
-      RemoveLastComponent(_CurrentPath);
-      ++_PathIrregular;
-    }
-    ++_PathChanges;
   }
 }
 

@@ -135,6 +135,9 @@ private:
   // The load's work for a start tag (tag: the qualified name, needed for Other kinds only) and an end tag.
   [[gnu::always_inline]] inline void OpenNode(ZOLVotNodeKind kind, std::string_view name, std::string_view tag);
   [[gnu::always_inline]] inline void CloseNode();
+  // The rare part of that work: typed entries and definitions, and the first element after an entry.
+  [[gnu::noinline, gnu::cold]] void OpenEntryOrDefinition(ZOLVotNodeKind kind, std::string_view name);
+  [[gnu::noinline, gnu::cold]] void CloseEntryOrDefinition(ZOLVotNodeKind kind);
   // The load's work for character data.
   [[gnu::always_inline]] inline void GatherText(std::string_view text);
   // A value to file: its key (path and index) in _Keys, and whether it is the first at its path
