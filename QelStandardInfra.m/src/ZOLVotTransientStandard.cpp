@@ -239,16 +239,12 @@ public:
     }
     if (_std && element.prefix == _std) {
       const Slot& slot = _slots[SlotOf(element.local)];
-      if (slot.local == element.local) {
+      if (slot.local == element.local) [[likely]] {
         _standard.OpenNode(slot.kind, name, {});
         return 0;
       }
     }
-    // Another name, or one the dictionary does not hold: by its text.
-    _tag.clear();
-    if (element.prefix) _tag.append(element.prefix).append(1, ':');
-    _tag.append(element.local);
-    _standard.OpenNode(KindOf(_tag), name, _tag);
+    OpenByText(element, name);
     return 0;
   }
 
@@ -267,6 +263,13 @@ private:
     const char* local = nullptr;
     Kind kind = Kind::Other;
   };
+  // Another name, or one the dictionary does not hold: told by its text.
+  [[gnu::noinline, gnu::cold]] void OpenByText(const ZOLSAXName& element, std::string_view name) {
+    _tag.clear();
+    if (element.prefix) _tag.append(element.prefix).append(1, ':');
+    _tag.append(element.local);
+    _standard.OpenNode(KindOf(_tag), name, _tag);
+  }
   static size_t SlotOf(const char* p) {
     const uint64_t a = reinterpret_cast<uintptr_t>(p);
     return static_cast<size_t>((a ^ (a >> 5) ^ (a >> 11)) & 31);
