@@ -16,6 +16,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -28,11 +29,6 @@ constexpr size_t kTextChunk = 1024 * 1024;
 
 std::string_view View(const xmlChar* s) {
   return s ? std::string_view(reinterpret_cast<const char*>(s)) : std::string_view();
-}
-
-// An element name in parts, as a lean handler takes it.
-ZOLSAXName NameOf(const xmlChar* local, const xmlChar* prefix, const xmlChar* uri) {
-  return {reinterpret_cast<const char*>(local), reinterpret_cast<const char*>(prefix), reinterpret_cast<const char*>(uri)};
 }
 
 // True when the C string s is exactly text; reads s no further than its terminator.
@@ -177,7 +173,13 @@ private:
   xmlDictPtr _dict;
 };
 
-class Reader final : public ZOLISAXXMLReader {
+// The parser calls a lean lane's callbacks with the reader's lane state: their signatures are libxml2's.
+static_assert(std::is_same_v<xmlChar, unsigned char>);
+static_assert(std::is_same_v<ZOLSAXLeanCallbacks::Start, startElementNsSAX2Func>);
+static_assert(std::is_same_v<ZOLSAXLeanCallbacks::End, endElementNsSAX2Func>);
+static_assert(std::is_same_v<ZOLSAXLeanCallbacks::Text, charactersSAXFunc>);
+
+class Reader final : public ZOLISAXXMLReader, public ZOLSAXLaneState {
 public:
   HRESULT SetFeature(std::string_view uri, bool value) override {
     if (uri == ZOLSAXFeatureSchemaValidation && !value) return S_OK;
@@ -193,24 +195,28 @@ private:
   // parser, and the exception waits in _exception until the C frames are left.
   template <typename F>
   void Call(F&& f) {
-    if (_stopped) return;
+    if (stopped) return;
     try {
       if (f() != 0) Stop();
     } catch (...) {
-      _exception = std::current_exception();
-      Stop();
+      Fail(std::current_exception());
     }
   }
-  void Stop() {
-    _stopped = true;
+  void Stop() override {
+    stopped = true;
     if (_ctxt) xmlStopParser(_ctxt);
+  }
+  void Fail(std::exception_ptr exception) override {
+    if (!_exception) _exception = std::move(exception);
+    Stop();
   }
   void Fatal(std::string message, int line = 0, int column = 0);
   bool Feed(const char* data, size_t size, bool last);
   // Ends a parse: rethrows a handler's exception, else gives the result.
   HRESULT Finish(bool ok);
 
-  static Reader* Self(void* ctx) { return static_cast<Reader*>(ctx); }
+  // The parser's context is the lane state, for a direct lane's callbacks.
+  static Reader* Self(void* ctx) { return static_cast<Reader*>(static_cast<ZOLSAXLaneState*>(ctx)); }
   static void OnStartDocument(void* ctx);
   static void OnEndDocument(void* ctx);
   static void OnStartElement(void* ctx, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri,
@@ -218,14 +224,9 @@ private:
                              const xmlChar** attributes);
   static void OnEndElement(void* ctx, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri);
   static void OnCharacters(void* ctx, const xmlChar* text, int len);
-  static void OnStartElementLean(void* ctx, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri,
-                                 int nbNamespaces, const xmlChar** namespaces, int nbAttributes, int nbDefaulted,
-                                 const xmlChar** attributes);
-  static void OnEndElementLean(void* ctx, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri);
-  static void OnCharactersLean(void* ctx, const xmlChar* text, int len);
   // Prefix mappings of an element, opened at its start and closed at its end.
-  void StartPrefixes(int count, const xmlChar** namespaces);
-  void EndPrefixes();
+  void StartPrefixes(int count, const xmlChar** namespaces) override;
+  void EndPrefixes() override;
   static void OnProcessingInstruction(void* ctx, const xmlChar* target, const xmlChar* data);
   static void OnError(void* ctx, xmlErrorPtr error);
 
@@ -234,14 +235,12 @@ private:
   ZOLISAXErrorHandler* _errors = nullptr;
   xmlParserCtxtPtr _ctxt = nullptr;
   const ZOLIXMLInputSource* _source = nullptr;
-  bool _stopped = false;
   bool _fatal = false;
   std::exception_ptr _exception;
   // Prefixes declared per open element, for EndPrefixMapping.
   std::vector<std::string> _prefixes;
   // Elements that declared prefixes, as (depth, count): most declare none and cost no entry.
   std::vector<std::pair<int, int>> _prefixCounts;
-  int _depth = 0;
   ElementNames _names;
   AttributeMemo _lastAttribute;
 };
@@ -260,7 +259,7 @@ void Reader::OnStartElement(void* ctx, const xmlChar* localName, const xmlChar* 
                             int nbNamespaces, const xmlChar** namespaces, int nbAttributes, int,
                             const xmlChar** attributes) {
   Reader* r = Self(ctx);
-  ++r->_depth;
+  ++r->depth;
   if (nbNamespaces > 0) r->StartPrefixes(nbNamespaces, namespaces);
   if (!r->_content) return;
   r->Call([&] {
@@ -287,35 +286,9 @@ void Reader::OnCharacters(void* ctx, const xmlChar* text, int len) {
   r->Call([&] { return r->_content->Characters(std::string_view(reinterpret_cast<const char*>(text), static_cast<size_t>(len))); });
 }
 
-void Reader::OnStartElementLean(void* ctx, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri,
-                                int nbNamespaces, const xmlChar** namespaces, int nbAttributes, int,
-                                const xmlChar** attributes) {
-  Reader* r = Self(ctx);
-  ++r->_depth;
-  if (nbNamespaces > 0) r->StartPrefixes(nbNamespaces, namespaces);
-  r->Call([&] {
-    return r->_lean->StartElement(NameOf(localName, prefix, uri), ZOLSAXAttributeList(attributes, nbAttributes));
-  });
-}
-
-void Reader::OnEndElementLean(void* ctx, const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri) {
-  Reader* r = Self(ctx);
-  r->Call([&] {
-    return r->_lean->EndElement(NameOf(localName, prefix, uri));
-  });
-  // Most elements declare no prefix.
-  if (r->_prefixCounts.empty() || r->_prefixCounts.back().first != r->_depth) --r->_depth;
-  else r->EndPrefixes();
-}
-
-void Reader::OnCharactersLean(void* ctx, const xmlChar* text, int len) {
-  Reader* r = Self(ctx);
-  if (len <= 0) return;
-  r->Call([&] { return r->_lean->Characters(std::string_view(reinterpret_cast<const char*>(text), static_cast<size_t>(len))); });
-}
-
 void Reader::StartPrefixes(int count, const xmlChar** namespaces) {
-  _prefixCounts.emplace_back(_depth, count);
+  _prefixCounts.emplace_back(depth, count);
+  prefixedDepth = depth;
   for (int i = 0; i < count; ++i) {
     std::string_view p = View(namespaces[2 * i]);
     _prefixes.emplace_back(p);
@@ -325,11 +298,12 @@ void Reader::StartPrefixes(int count, const xmlChar** namespaces) {
 
 void Reader::EndPrefixes() {
   int declared = 0;
-  if (!_prefixCounts.empty() && _prefixCounts.back().first == _depth) {
+  if (!_prefixCounts.empty() && _prefixCounts.back().first == depth) {
     declared = _prefixCounts.back().second;
     _prefixCounts.pop_back();
+    prefixedDepth = _prefixCounts.empty() ? 0 : _prefixCounts.back().first;
   }
-  --_depth;
+  --depth;
   for (int i = 0; i < declared && !_prefixes.empty(); ++i) {
     std::string p = std::move(_prefixes.back());
     _prefixes.pop_back();
@@ -344,7 +318,7 @@ void Reader::OnProcessingInstruction(void* ctx, const xmlChar* target, const xml
 
 void Reader::OnError(void* ctx, xmlErrorPtr error) {
   Reader* r = Self(ctx);
-  if (!error || r->_stopped) return;
+  if (!error || r->stopped) return;
   // A namespace-aware reader treats a namespace error (an undeclared prefix) as a well-formedness one.
   bool fatal = error->level == XML_ERR_FATAL || (error->level == XML_ERR_ERROR && error->domain == XML_FROM_NAMESPACE);
   if (fatal) r->_fatal = true;
@@ -372,18 +346,20 @@ void Reader::Fatal(std::string message, int line, int column) {
 // Hands one chunk to the parser; false once the parse cannot go on.
 bool Reader::Feed(const char* data, size_t size, bool last) {
   xmlParseChunk(_ctxt, data, static_cast<int>(size), last ? 1 : 0);
-  return !_stopped && !_fatal && _ctxt->wellFormed && !_ctxt->disableSAX;
+  return !stopped && !_fatal && _ctxt->wellFormed && !_ctxt->disableSAX;
 }
 
 HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
   ZOLXMLInitialize();
   _source = &source;
-  _stopped = false;
+  stopped = false;
   _fatal = false;
   _exception = nullptr;
   _prefixes.clear();
   _prefixCounts.clear();
-  _depth = 0;
+  depth = 0;
+  prefixedDepth = 0;
+  handler = _lean;
 
   FILE* file = nullptr;
   if (source.GetKind() == ZOLIXMLInputSource::Kind::File) {
@@ -399,9 +375,16 @@ HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
   sax.initialized = XML_SAX2_MAGIC;
   sax.startDocument = OnStartDocument;
   sax.endDocument = OnEndDocument;
-  sax.startElementNs = _lean ? OnStartElementLean : OnStartElement;
-  sax.endElementNs = _lean ? OnEndElementLean : OnEndElement;
-  sax.characters = _lean ? OnCharactersLean : OnCharacters;
+  sax.startElementNs = OnStartElement;
+  sax.endElementNs = OnEndElement;
+  sax.characters = OnCharacters;
+  if (_lean) {
+    const ZOLSAXLeanCallbacks* lane = _lean->DirectCallbacks();
+    if (!lane) lane = &ZOLSAXDirectLane<ZOLISAXLeanContentHandler>::kCallbacks;
+    sax.startElementNs = lane->start;
+    sax.endElementNs = lane->end;
+    sax.characters = lane->text;
+  }
   sax.cdataBlock = sax.characters;
   // The same function for both keeps libxml2 from guessing which blanks are ignorable: without a
   // DTD none are.
@@ -410,7 +393,7 @@ HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
   sax.serror = OnError;
 
   const char* systemId = source.GetSystemId().empty() ? nullptr : source.GetSystemId().c_str();
-  _ctxt = xmlCreatePushParserCtxt(&sax, this, nullptr, 0, systemId);
+  _ctxt = xmlCreatePushParserCtxt(&sax, static_cast<ZOLSAXLaneState*>(this), nullptr, 0, systemId);
   if (!_ctxt) {
     if (file) std::fclose(file);
     Fatal("out of memory");
@@ -429,7 +412,7 @@ HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
 
   if (file) {
     std::vector<char> buffer(kChunk);
-    bool going = !_stopped;
+    bool going = !stopped;
     while (going) {
       size_t n = std::fread(buffer.data(), 1, buffer.size(), file);
       if (n == 0) break;
@@ -443,14 +426,14 @@ HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
     std::fclose(file);
   } else {
     std::string_view text = source.GetText();
-    bool going = !_stopped;
+    bool going = !stopped;
     // Pieces of a megabyte keep the parser's own buffer small on texts of any size.
     for (size_t pos = 0; going && pos < text.size(); pos += kTextChunk)
       going = Feed(text.data() + pos, std::min(kTextChunk, text.size() - pos), false);
     if (going) Feed(nullptr, 0, true);
   }
 
-  bool ok = !_stopped && !_fatal && _ctxt->wellFormed;
+  bool ok = !stopped && !_fatal && _ctxt->wellFormed;
   if (_ctxt->myDoc) xmlFreeDoc(_ctxt->myDoc);
   xmlFreeParserCtxt(_ctxt);
   _ctxt = nullptr;

@@ -1,9 +1,11 @@
 // SAX2 services of the platform: input sources, a reader, and the two handler interfaces.
 // Names and text reach the handlers as UTF-8 views that are valid for the call only.
 #pragma once
+#include <exception>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "ZOLResult.h"
 
@@ -85,6 +87,42 @@ public:
   virtual const char* Intern(std::string_view text) const = 0;
 };
 
+/// Element and text callbacks in the parser's own form, as ZOLSAXDirectLane makes them for a
+/// handler type; the parser calls them with the reader's ZOLSAXLaneState.
+struct ZOLSAXLeanCallbacks {
+  using Start = void (*)(void* state, const unsigned char* local, const unsigned char* prefix, const unsigned char* uri,
+                         int namespaceCount, const unsigned char** namespaces, int attributeCount, int defaulted,
+                         const unsigned char** attributes);
+  using End = void (*)(void* state, const unsigned char* local, const unsigned char* prefix, const unsigned char* uri);
+  using Text = void (*)(void* state, const unsigned char* text, int length);
+  Start start;
+  End end;
+  Text text;
+};
+
+class ZOLISAXLeanContentHandler;
+
+/// What a reader shares with the callbacks of a direct lane during a parse.
+class ZOLSAXLaneState {
+public:
+  ZOLISAXLeanContentHandler* handler = nullptr;
+  /// Set once the parse is to end: no event reaches a handler after that.
+  bool stopped = false;
+  /// Elements open, and the depth of the innermost one that declared prefixes (0 for none).
+  int depth = 0;
+  int prefixedDepth = 0;
+  /// Ends the parse: a handler's result other than 0.
+  virtual void Stop() = 0;
+  /// Ends the parse with a handler's exception, rethrown once the parser has returned.
+  virtual void Fail(std::exception_ptr exception) = 0;
+  /// Prefix mappings declared by the element at depth, and their end, for the content handler.
+  virtual void StartPrefixes(int count, const unsigned char** namespaces) = 0;
+  virtual void EndPrefixes() = 0;
+
+protected:
+  ~ZOLSAXLaneState() = default;
+};
+
 /// A content handler for documents of many small elements: elements come with their names in
 /// parts, as the parser's dictionary holds them, so that the handler can tell names apart by
 /// address instead of by text. Results: 0 to go on.
@@ -97,6 +135,57 @@ public:
   virtual int EndElement(const ZOLSAXName& name) = 0;
   /// Character data, text and CDATA alike; one run may arrive in several calls.
   virtual int Characters(std::string_view text) = 0;
+  /// Callbacks for the parser to call in place of the reader's, with the same results; null to
+  /// take the reader's. See ZOLSAXDirectLane.
+  virtual const ZOLSAXLeanCallbacks* DirectCallbacks() const { return nullptr; }
+};
+
+/// The parser's callbacks for a lean handler type: they call its StartElement, EndElement and
+/// Characters straight from the parser, without a call through the reader. For a final type the
+/// calls are direct and can be inlined, which counts on documents where these events are most of
+/// the work; such a handler returns &ZOLSAXDirectLane<itself>::kCallbacks from DirectCallbacks.
+template <class Handler>
+class ZOLSAXDirectLane {
+  static_assert(std::is_base_of_v<ZOLISAXLeanContentHandler, Handler>);
+
+  template <typename F>
+  [[gnu::always_inline]] static void Call(ZOLSAXLaneState& s, F&& f) {
+    try {
+      if (f() != 0) s.Stop();
+    } catch (...) {
+      s.Fail(std::current_exception());
+    }
+  }
+  static Handler& Of(ZOLSAXLaneState& s) { return static_cast<Handler&>(*s.handler); }
+  static const char* Chars(const unsigned char* s) { return reinterpret_cast<const char*>(s); }
+
+  static void Start(void* state, const unsigned char* local, const unsigned char* prefix, const unsigned char* uri,
+                    int namespaceCount, const unsigned char** namespaces, int attributeCount, int,
+                    const unsigned char** attributes) {
+    ZOLSAXLaneState& s = *static_cast<ZOLSAXLaneState*>(state);
+    ++s.depth;
+    if (namespaceCount > 0) s.StartPrefixes(namespaceCount, namespaces);
+    if (s.stopped) return;
+    Call(s, [&] {
+      return Of(s).StartElement(ZOLSAXName{Chars(local), Chars(prefix), Chars(uri)},
+                                ZOLSAXAttributeList(attributes, attributeCount));
+    });
+  }
+  static void End(void* state, const unsigned char* local, const unsigned char* prefix, const unsigned char* uri) {
+    ZOLSAXLaneState& s = *static_cast<ZOLSAXLaneState*>(state);
+    if (!s.stopped) Call(s, [&] { return Of(s).EndElement(ZOLSAXName{Chars(local), Chars(prefix), Chars(uri)}); });
+    // Most elements declare no prefix.
+    if (s.depth != s.prefixedDepth) --s.depth;
+    else s.EndPrefixes();
+  }
+  static void Characters(void* state, const unsigned char* text, int length) {
+    ZOLSAXLaneState& s = *static_cast<ZOLSAXLaneState*>(state);
+    if (s.stopped || length <= 0) return;
+    Call(s, [&] { return Of(s).Characters(std::string_view(Chars(text), static_cast<size_t>(length))); });
+  }
+
+public:
+  static constexpr ZOLSAXLeanCallbacks kCallbacks{&Start, &End, &Characters};
 };
 
 /// Receives the problems of a parse. Results: 0 to go on where the parser can.

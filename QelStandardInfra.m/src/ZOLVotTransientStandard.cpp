@@ -228,7 +228,7 @@ public:
     return 0;
   }
 
-  int StartElement(const ZOLSAXName& element, const ZOLSAXAttributeList& attributes) override {
+  [[gnu::always_inline]] int StartElement(const ZOLSAXName& element, const ZOLSAXAttributeList& attributes) override {
     std::string_view name;
     for (int i = 0, n = attributes.Count(); i < n; ++i) {
       const ZOLSAXName a = attributes.Name(i);
@@ -248,15 +248,17 @@ public:
     return 0;
   }
 
-  int EndElement(const ZOLSAXName&) override {
+  [[gnu::always_inline]] int EndElement(const ZOLSAXName&) override {
     _standard.CloseNode();
     return 0;
   }
 
-  int Characters(std::string_view text) override {
+  [[gnu::always_inline]] int Characters(std::string_view text) override {
     _standard.GatherText(text);
     return 0;
   }
+
+  const ZOLSAXLeanCallbacks* DirectCallbacks() const override { return &ZOLSAXDirectLane<LeanLoad>::kCallbacks; }
 
 private:
   struct Slot {

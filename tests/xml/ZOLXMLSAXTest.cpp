@@ -225,3 +225,98 @@ TEST_F(SAXReader, ParsesWithoutHandlers) {
   factory->CreateInputSourceFromText("<r><a></r>", "t", source);
   EXPECT_EQ(reader->Parse(*source), E_FAIL);
 }
+
+namespace {
+
+// Elements and text of the lean lane, logged into the same list as the content handler's events.
+class LeanRecorder : public ZOLISAXLeanContentHandler {
+public:
+  explicit LeanRecorder(Recorder& rec) : _rec(rec) {}
+  int StartParse(const ZOLISAXDictionary& dictionary) override {
+    _std = dictionary.Intern("std");
+    return 0;
+  }
+  int StartElement(const ZOLSAXName& name, const ZOLSAXAttributeList& attributes) override {
+    std::string local = name.local;
+    if (local == _rec.throwAt) throw std::runtime_error("handler failed at " + local);
+    if (local == _rec.stopAt) return 1;
+    std::string line = "<" + local + (name.prefix == _std && _std ? " (std)" : "") + " #" + std::to_string(attributes.Count());
+    for (int i = 0; i < attributes.Count(); ++i) line += " " + std::string(attributes.Name(i).local) + "=" + std::string(attributes.Value(i));
+    _rec.events.push_back(line);
+    return 0;
+  }
+  int EndElement(const ZOLSAXName& name) override {
+    _rec.events.push_back("</" + std::string(name.local));
+    return 0;
+  }
+  int Characters(std::string_view text) override {
+    _rec.text += text;
+    return 0;
+  }
+
+private:
+  Recorder& _rec;
+  const char* _std = nullptr;
+};
+
+// The same handler, called by the parser without the reader in between.
+class DirectLeanRecorder final : public LeanRecorder {
+public:
+  using LeanRecorder::LeanRecorder;
+  const ZOLSAXLeanCallbacks* DirectCallbacks() const override { return &ZOLSAXDirectLane<DirectLeanRecorder>::kCallbacks; }
+};
+
+class LeanLane : public ZOLReportCountTest, public testing::WithParamInterface<bool> {
+protected:
+  HRESULT ParseLean(const std::string& text) {
+    std::unique_ptr<ZOLIXMLSAX2Factory> factory;
+    EXPECT_EQ(CreateZOLIXMLSAX2Factory(factory), S_OK);
+    std::unique_ptr<ZOLIXMLInputSource> source;
+    factory->CreateInputSourceFromText(text, "fileID", source);
+    std::unique_ptr<ZOLISAXXMLReader> reader;
+    factory->CreateReader(reader);
+    reader->SetContentHandler(&rec);
+    reader->SetErrorHandler(&rec);
+    LeanRecorder viaReader(rec);
+    DirectLeanRecorder direct(rec);
+    EXPECT_EQ(reader->SetLeanContentHandler(GetParam() ? &direct : &viaReader), S_OK);
+    return reader->Parse(*source);
+  }
+  Recorder rec;
+};
+
+}  // namespace
+
+TEST_P(LeanLane, TakesElementsAndTextWhileTheContentHandlerKeepsTheRest) {
+  const std::string doc =
+      "<?pi x?><std:r xmlns:std=\"u1\" name=\"top\">a<x xmlns:b=\"u2\" b:k=\"v\"><y/>b&amp;</x>"
+      "<![CDATA[c]]><std:z/></std:r>";
+  EXPECT_EQ(ParseLean(doc), S_OK);
+  // A prefix is unmapped at the end of the element that declared it, not of its children.
+  std::vector<std::string> expected = {"start-doc", "pi pi",  "map std=u1", "<r (std) #1 name=top", "map b=u2",
+                                       "<x #1 k=v", "<y #0",  "</y",        "</x",                  "unmap b",
+                                       "<z (std) #0", "</z", "</r",         "unmap std",            "end-doc"};
+  EXPECT_EQ(rec.events, expected);
+  EXPECT_EQ(rec.text, "ab&c");
+}
+
+TEST_P(LeanLane, HandlerExceptionAndResultStopTheParse) {
+  rec.throwAt = "b";
+  EXPECT_THROW(ParseLean("<r><a/><b/><c/></r>"), std::runtime_error);
+  EXPECT_EQ(std::count(rec.events.begin(), rec.events.end(), std::string("<c #0")), 0);
+  EXPECT_EQ(std::count(rec.events.begin(), rec.events.end(), std::string("end-doc")), 0);
+
+  rec = Recorder();
+  rec.stopAt = "b";
+  EXPECT_EQ(ParseLean("<r><a/><b/><c/></r>"), E_FAIL);
+  EXPECT_EQ(std::count(rec.events.begin(), rec.events.end(), std::string("<c #0")), 0);
+
+  // Malformed input still fails with its position, after what came before it was handed on.
+  rec = Recorder();
+  EXPECT_EQ(ParseLean("<r><a></r>"), E_FAIL);
+  ASSERT_EQ(rec.fatals.size(), 1u);
+  EXPECT_EQ(rec.events[1], "<r #0");
+}
+
+INSTANTIATE_TEST_SUITE_P(ThroughReaderOrDirect, LeanLane, testing::Bool(),
+                         [](const testing::TestParamInfo<bool>& info) { return info.param ? "Direct" : "ThroughReader"; });
