@@ -218,12 +218,19 @@ public:
   int StartParse(const ZOLISAXDictionary& dictionary) override {
     _std = dictionary.Intern("std");
     _name = dictionary.Intern("name");
-    // Each kind's local name in the slot its address picks; a kind whose slot is taken, or a
-    // name the dictionary could not hold, is found by its text.
+    // Each kind's local name in the first free slot from the one its address picks; a name the
+    // dictionary could not hold is found by its text. The dictionary keeps new names one after
+    // the other, so that slots picked by the distance from the lowest name are all different.
+    const char* locals[std::size(kTypeNames)] = {};
     for (size_t k = 1; k < std::size(kTypeNames); ++k) {
-      const char* local = dictionary.Intern(kTypeNames[k].substr(4));
-      Slot& slot = _slots[SlotOf(local)];
-      if (local && !slot.local) slot = {local, static_cast<Kind>(k)};
+      locals[k] = dictionary.Intern(kTypeNames[k].substr(4));
+      if (locals[k] && (!_base || reinterpret_cast<uintptr_t>(locals[k]) < _base)) _base = reinterpret_cast<uintptr_t>(locals[k]);
+    }
+    for (size_t k = 1; k < std::size(kTypeNames); ++k) {
+      if (!locals[k]) continue;
+      size_t i = SlotOf(locals[k]);
+      while (_slots[i].local && _slots[i].local != locals[k]) i = (i + 1) % std::size(_slots);
+      _slots[i] = {locals[k], static_cast<Kind>(k)};
     }
     return 0;
   }
@@ -238,9 +245,13 @@ public:
       }
     }
     if (_std && element.prefix == _std) {
-      const Slot& slot = _slots[SlotOf(element.local)];
-      if (slot.local == element.local) [[likely]] {
-        _standard.OpenNode(slot.kind, name, {});
+      const size_t i = SlotOf(element.local);
+      if (_slots[i].local == element.local) [[likely]] {
+        _standard.OpenNode(_slots[i].kind, name, {});
+        return 0;
+      }
+      if (_slots[i].local) {
+        OpenFromSlot(i, element, name);
         return 0;
       }
     }
@@ -265,6 +276,16 @@ private:
     const char* local = nullptr;
     Kind kind = Kind::Other;
   };
+  // A kind that found its home slot taken, or another name: looked for in the slots that follow.
+  [[gnu::noinline, gnu::cold]] void OpenFromSlot(size_t i, const ZOLSAXName& element, std::string_view name) {
+    for (i = (i + 1) % std::size(_slots); _slots[i].local; i = (i + 1) % std::size(_slots)) {
+      if (_slots[i].local == element.local) {
+        _standard.OpenNode(_slots[i].kind, name, {});
+        return;
+      }
+    }
+    OpenByText(element, name);
+  }
   // Another name, or one the dictionary does not hold: told by its text.
   [[gnu::noinline, gnu::cold]] void OpenByText(const ZOLSAXName& element, std::string_view name) {
     _tag.clear();
@@ -272,15 +293,13 @@ private:
     _tag.append(element.local);
     _standard.OpenNode(KindOf(_tag), name, _tag);
   }
-  static size_t SlotOf(const char* p) {
-    const uint64_t a = reinterpret_cast<uintptr_t>(p);
-    return static_cast<size_t>((a ^ (a >> 5) ^ (a >> 11)) & 31);
-  }
+  size_t SlotOf(const char* p) const { return (reinterpret_cast<uintptr_t>(p) - _base) % std::size(_slots); }
 
   ZOLVotTransientStandard& _standard;
   const char* _std = nullptr;
   const char* _name = nullptr;
-  Slot _slots[32];
+  uintptr_t _base = 0;
+  Slot _slots[128];
   std::string _tag;
 };
 
