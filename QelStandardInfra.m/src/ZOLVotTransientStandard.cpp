@@ -726,7 +726,8 @@ std::string_view ZOLVotTransientStandard::MakeKey(std::string_view path, int ind
   char suffix[16] = {'.', static_cast<char>('0' + index)};
   size_t count = 2;
   if (index < 1 || index > 9) count = static_cast<size_t>(std::to_chars(suffix + 1, suffix + sizeof suffix, index).ptr - suffix);
-  return JoinKey(path, {suffix, count});
+  // Never more than the buffer; said so that the optimiser does not look for longer copies.
+  return JoinKey(path, {suffix, std::min(count, sizeof suffix)});
 }
 
 std::string_view ZOLVotTransientStandard::JoinKey(std::string_view head, std::string_view tail) {
