@@ -8,6 +8,7 @@
 #include <climits>
 #include <cmath>
 #include <cstring>
+#include <initializer_list>
 #include <memory>
 #include <stdexcept>
 
@@ -75,9 +76,19 @@ inline Kind KindOf(std::string_view tag) {
   return Load8(tag.data()) == kKindKeys.head[i] && Load8(tag.data() + n - 8) == kKindKeys.tail[i] ? k : Kind::Other;
 }
 
-bool IsValueKind(Kind k) {
-  return k == Kind::EnumVal || k == Kind::ColorVal || k == Kind::IntVal || k == Kind::FloatVal || k == Kind::StrVal;
+// Sets of kinds as bit masks, tested with one shift on every start and end tag.
+constexpr unsigned KindMask(std::initializer_list<Kind> kinds) {
+  unsigned m = 0;
+  for (Kind k : kinds) m |= 1u << static_cast<unsigned>(k);
+  return m;
 }
+constexpr unsigned kValueKinds = KindMask({Kind::IntVal, Kind::FloatVal, Kind::StrVal, Kind::EnumVal, Kind::ColorVal});
+// Typed entries and definitions: they add nothing to a path.
+constexpr unsigned kEntryKinds = KindMask({Kind::TypeVal, Kind::EnumDef, Kind::TypeDef});
+static_assert(kZOLVotNodeKinds <= 32);
+
+bool IsKindIn(Kind k, unsigned mask) { return (mask >> static_cast<unsigned>(k)) & 1u; }
+bool IsValueKind(Kind k) { return IsKindIn(k, kValueKinds); }
 
 // Whether a name holds a dot. Short names are read as they are copied, in two words that may
 // overlap, and tested a word at a time; the name is read where the parser left it, not from the
@@ -430,7 +441,7 @@ void ZOLVotTransientStandard::OpenNode(Kind kind, std::string_view name, std::st
   }
 
   // The root, "Styles", typed entries and definitions add nothing to a path.
-  bool silent = kind == Kind::TypeVal || kind == Kind::EnumDef || kind == Kind::TypeDef;
+  bool silent = IsKindIn(kind, kEntryKinds);
   if (!silent && !name.empty() && name != "drafting" && name != "Styles") {
     const size_t before = _CurrentPath.size();
     if (before) _CurrentPath.Append(".");
@@ -507,7 +518,7 @@ void ZOLVotTransientStandard::CloseNode() {
     // The value keeps its characters; what follows gathers anew.
     _Text = {static_cast<uint32_t>(_Chars.size()), 0};
   }
-  const bool entryOrDefinition = kind == Kind::TypeVal || kind == Kind::EnumDef || kind == Kind::TypeDef;
+  const bool entryOrDefinition = IsKindIn(kind, kEntryKinds);
   if (entryOrDefinition) [[unlikely]] CloseEntryOrDefinition(kind);
   // Kept on purpose: a named element removes a component even when it added none ("drafting",
   // "Styles", a typedef), so what follows a nested "Styles" comes out one level short.
