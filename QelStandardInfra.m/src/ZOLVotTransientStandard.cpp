@@ -231,7 +231,8 @@ public:
     _name = dictionary.Intern("name");
     // Each kind's local name in the first free slot from the one its address picks; a name the
     // dictionary could not hold is found by its text. The dictionary keeps new names one after
-    // the other, so that slots picked by the distance from the lowest name are all different.
+    // the other, so that slots picked by the distance from the lowest name are all different in
+    // any process; names that lie further apart than the table are probed for past their slot.
     const char* locals[std::size(kTypeNames)] = {};
     for (size_t k = 1; k < std::size(kTypeNames); ++k) {
       locals[k] = dictionary.Intern(kTypeNames[k].substr(4));
