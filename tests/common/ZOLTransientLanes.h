@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "ZOLDftStandardServices.h"
-#include "ZOLVotTransientStandard.h"
+#include "standard/ZOLVotTransientStandard.h"
 #include "ZOLXMLSAX.h"
 #include "ZOLXMLSAXIds.h"
 

@@ -6,7 +6,7 @@
 
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDftStdPersistence.h"
-#include "ZOLDftStdPersistenceSelfCheck.h"
+#include "document/ZOLDftStdPersistenceSelfCheck.h"
 #include "ZOLReportCountTest.h"
 
 using P = ZOLDftStdPersistence;

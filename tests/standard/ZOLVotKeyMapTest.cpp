@@ -4,7 +4,7 @@
 #include <random>
 #include <string>
 
-#include "ZOLVotKeyMap.h"
+#include "standard/ZOLVotKeyMap.h"
 
 namespace {
 

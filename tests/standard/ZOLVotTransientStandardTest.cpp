@@ -10,7 +10,7 @@
 #include "ZOLIQelStandard.h"
 #include "ZOLTestReports.h"
 #include "ZOLTransientLanes.h"
-#include "ZOLVotTransientStandard.h"
+#include "standard/ZOLVotTransientStandard.h"
 
 namespace {
 

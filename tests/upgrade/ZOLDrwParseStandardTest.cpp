@@ -14,7 +14,7 @@
 #include "ZOLDrwParseStandard.h"
 #include "ZOLRefCounted.h"
 #include "ZOLReportCountTest.h"
-#include "migration/ZOLDrwMigration.h"
+#include "upgrade/migration/ZOLDrwMigration.h"
 
 namespace {
 

@@ -16,7 +16,7 @@
 
 #include "ZOLAnnStandardXMLNode.h"
 #include "ZOLAnnStandardXMLParser.h"
-#include "ZOLAnnStandardXMLParserDOMCodec.h"
+#include "document/ZOLAnnStandardXMLParserDOMCodec.h"
 #include "ZOLDftStdNamespace.h"
 #include "ZOLReportCountTest.h"
 

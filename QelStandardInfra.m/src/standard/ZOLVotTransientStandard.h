@@ -11,7 +11,7 @@
 #include "ZOLDftStandardValueType.h"
 #include "ZOLListValZOLUnicodeString.h"
 #include "ZOLUnicodeString.h"
-#include "ZOLVotKeyMap.h"
+#include "standard/ZOLVotKeyMap.h"
 #include "ZOLXMLSAX.h"
 
 class ZOLIStandardValue;

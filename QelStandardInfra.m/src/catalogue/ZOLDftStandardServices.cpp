@@ -14,6 +14,7 @@
 #include "ZOLFile.h"
 #include "ZOLStdServices.h"
 #include "ZOLSysLog.h"
+#include "document/ZOLDftParentStandard.h"
 
 
 namespace {
@@ -21,9 +22,6 @@ namespace {
 constexpr const char* kBuiltinNames[] = {"ISO", "JIS", "ANSI-ASME"};
 constexpr const char* kAlternateNames[] = {"ISO_Alternate", "JIS_Alternate", "ANSI-ASME_Alternate"};
 constexpr const char kAlternateKind[] = "xDrawing";
-
-// Classes of a standard file, by its parent.
-enum StandardClass { ClassISO = 0, ClassJIS = 1, ClassASME = 2, ClassANSI = 3, ClassOther = 4 };
 
 template <size_t N>
 bool IsOneOf(const ZOLUnicodeString& name, const char* const (&names)[N]) {
@@ -43,12 +41,7 @@ int ClassOfFile(const std::string& path) {
   ZOLUnicodeString file(path);
   ZOLDrwParseStandard reader(file);
   reader.Decode();
-  ZOLUnicodeString parent = reader.GetParentStandard();
-  if (parent == "ANSI") return ClassANSI;
-  if (parent == "ISO") return ClassISO;
-  if (parent == "JIS") return ClassJIS;
-  if (parent == "ASME") return ClassASME;
-  return ClassOther;
+  return ZOLDftParentClass(ZOLDftParentOf(reader.GetParentStandard()));
 }
 
 // 1 when written, 0 otherwise. Through a temporary name and a rename, so that another process
@@ -149,7 +142,7 @@ void ZOLDftStandardServices::ListFilesInDirectory(const char* directory, const c
                                                   ZOLListValZOLUnicodeString& names, unsigned char skipAnsi) {
   WalkStandardFiles(directory, extension, [&](const std::string& file, const ZOLUnicodeString& stem) {
     if (names.Locate(stem)) return;
-    if (skipAnsi && ClassOfFile(file) == ClassANSI) return;
+    if (skipAnsi && ClassOfFile(file) == ZOLDftParentClass(ZOLDftParent::ANSI)) return;
     names.Append(stem);
   });
 }

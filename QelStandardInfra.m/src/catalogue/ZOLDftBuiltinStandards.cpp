@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "ZOLDftBuiltinStandardsData.h"
+#include "catalogue/ZOLDftBuiltinStandardsData.h"
 
 namespace {
 

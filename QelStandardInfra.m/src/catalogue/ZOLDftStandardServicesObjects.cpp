@@ -3,7 +3,7 @@
 
 #include "ZOLDftStandardServices.h"
 #include "ZOLSysLog.h"
-#include "ZOLVotTransientStandard.h"
+#include "standard/ZOLVotTransientStandard.h"
 
 namespace {
 

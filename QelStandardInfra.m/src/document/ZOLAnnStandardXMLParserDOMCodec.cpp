@@ -1,11 +1,11 @@
-#include "ZOLAnnStandardXMLParserDOMCodec.h"
+#include "document/ZOLAnnStandardXMLParserDOMCodec.h"
 
 #include <array>
 #include <string>
 #include <vector>
 
 #include "ZOLAnnStandardXMLParserDOMCodecFactory.h"
-#include "ZOLDftStdElement.h"
+#include "document/ZOLDftStdElement.h"
 #include "ZOLDftStdNamespace.h"
 #include "ZOLDftXMLNodeID.h"
 #include "ZOLDftXMLNodeIterator.h"

@@ -1,6 +1,6 @@
 // The chain of upgrade stages, oldest first. A stage runs when the start level is at most its
 // From level and the target is the current level or at least its To level.
-#include "ZOLDrwMigration.h"
+#include "upgrade/migration/ZOLDrwMigration.h"
 
 namespace {
 

@@ -7,26 +7,18 @@
 #include "ZOLAnnStandardXMLNode.h"
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDftStdPersistence.h"
-#include "ZOLDrwParseParameter.h"
+#include "document/ZOLDftParentStandard.h"
+#include "upgrade/ZOLDrwParseParameter.h"
 #include "ZOLRefCounted.h"
 #include "ZOLSysLog.h"
-#include "migration/ZOLDrwMigration.h"
+#include "upgrade/migration/ZOLDrwMigration.h"
 
-const int ZOLDrwParseStandard::ANSI = 1;
-const int ZOLDrwParseStandard::ASME = 2;
-const int ZOLDrwParseStandard::ISO = 4;
-const int ZOLDrwParseStandard::JIS = 8;
+const int ZOLDrwParseStandard::ANSI = ZOLDftParentFlag(ZOLDftParent::ANSI);
+const int ZOLDrwParseStandard::ASME = ZOLDftParentFlag(ZOLDftParent::ASME);
+const int ZOLDrwParseStandard::ISO = ZOLDftParentFlag(ZOLDftParent::ISO);
+const int ZOLDrwParseStandard::JIS = ZOLDftParentFlag(ZOLDftParent::JIS);
 
 namespace {
-
-// The parent text as a flag, in the order ISO, JIS, ASME, ANSI; 0 for any other text.
-int ParentFlagOf(const ZOLUnicodeString& parent) {
-  if (parent == "ISO") return ZOLDrwParseStandard::ISO;
-  if (parent == "JIS") return ZOLDrwParseStandard::JIS;
-  if (parent == "ASME") return ZOLDrwParseStandard::ASME;
-  if (parent == "ANSI") return ZOLDrwParseStandard::ANSI;
-  return 0;
-}
 
 void AppendParts(ZOLUnicodeString& out, const char* a, const char* b, const char* c, int newline) {
   for (const char* part : {a, b, c})
@@ -41,64 +33,7 @@ void InsertParts(ZOLUnicodeString& out, int position, const char* a, const char*
   if (!text.IsEmpty()) out.Insert(position, text);
 }
 
-// Applies one of the shared "in all styles" operations to every style of a family.
-template <typename Add>
-HRESULT ForAllStyles(ZOLAnnStandardXMLParser* parser, const char* stylePath, const char* suffix, Add add) {
-  if (!parser || !stylePath) return E_FAIL;
-  ZOLRef<ZOLAnnStandardXMLNode> family = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(parser->GetNodeWithPath(stylePath));
-  if (!family || family->GetNumOfNode() == 0) return E_FAIL;
-  // Names first: an edit may add to the family itself and move the vector under the walk.
-  std::vector<ZOLUnicodeString> names;
-  names.reserve(family->SubNodes().size());
-  for (const ZOLAnnStandardXMLNode* style : family->SubNodes()) names.push_back(style->Name());
-  for (const ZOLUnicodeString& name : names) {
-    ZOLUnicodeString text(stylePath);
-    text += std::string_view(".");
-    text += name;
-    text += std::string_view(suffix ? suffix : "");
-    add(text);
-  }
-  return S_OK;
-}
-
 }  // namespace
-
-int ZOLDrwMigrationContext::ParentFlag() const { return ParentFlagOf(_driver._ParentStandard); }
-
-void UpdateVersionNode(ZOLAnnStandardXMLParser* parser, const char* oldText, const char* newText) {
-  if (!parser || !oldText || !newText) {
-    ZOLAssertPointer("");
-    return;
-  }
-  ZOLRef<ZOLAnnStandardXMLNode> node = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(
-      parser->GetNodeWithPath(ZOLUnicodeString("Root.") + ZOLDftStdPersistence::GetVersionNodePath()));
-  if (!node) {
-    ZOLAssertPointer("");
-    return;
-  }
-  if (node->GetNumOfNode() != 0 || node->GetNumOfValue() != 1) {
-    ZOLAssertBool("");
-    return;
-  }
-  ZOLAnnStandardXMLValue* value = node->Values()[0];
-  if (!value) {
-    ZOLAssertPointer("");
-    return;
-  }
-  if (value->GetType() != ZOLAnnStandardXMLValue::IntValue || !(value->Value() == oldText)) {
-    ZOLAssertBool("");
-    return;
-  }
-  value->SetValue(newText);
-}
-
-HRESULT AddValueInAllStyles(ZOLAnnStandardXMLParser* parser, const char* stylePath, const char* suffix, int flag) {
-  return ForAllStyles(parser, stylePath, suffix, [&](const ZOLUnicodeString& text) { parser->AddValueWithPath(text, flag); });
-}
-
-HRESULT AddNodeInAllStyles(ZOLAnnStandardXMLParser* parser, const char* stylePath, const char* suffix, int flag) {
-  return ForAllStyles(parser, stylePath, suffix, [&](const ZOLUnicodeString& text) { parser->AddNodeWithPath(text, flag); });
-}
 
 ZOLDrwParseStandard::ZOLDrwParseStandard(ZOLUnicodeString& fileName)
     : ZOLDrwParseStandard(fileName, ZOLDrwShippedStages().data(), static_cast<int>(ZOLDrwShippedStages().size())) {}
@@ -154,7 +89,7 @@ std::vector<ZOLDrwParseStandard::StageInfo> ZOLDrwParseStandard::GetStages() {
 }
 
 int ZOLDrwParseStandard::GetParentStandardId() {
-  int id = ParentFlagOf(_ParentStandard);
+  int id = ZOLDftParentFlag(ZOLDftParentOf(_ParentStandard));
   if (id == 0) ZOLAssertMessage("Unknown parent standard!!");
   return id;
 }

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "ZOLDftStdElement.h"
+#include "document/ZOLDftStdElement.h"
 #include "ZOLDftStdNamespace.h"
 #include "ZOLDftXMLNodeID.h"
 #include "ZOLDftXMLNodeIterator.h"

@@ -1,5 +1,5 @@
 // The read-only standard object: one-pass load, the node walk behind cache misses, and the getters.
-#include "ZOLVotTransientStandard.h"
+#include "standard/ZOLVotTransientStandard.h"
 
 #include <algorithm>
 #include <bit>

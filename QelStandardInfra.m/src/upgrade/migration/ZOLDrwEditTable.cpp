@@ -2,7 +2,7 @@
 #include <string>
 #include <string_view>
 
-#include "ZOLDrwMigration.h"
+#include "upgrade/migration/ZOLDrwMigration.h"
 #include "ZOLSysLog.h"
 
 namespace {

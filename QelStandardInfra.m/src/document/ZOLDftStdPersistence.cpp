@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <iterator>
 
-#include "ZOLDftStdPersistenceSelfCheck.h"
+#include "document/ZOLDftStdPersistenceSelfCheck.h"
 #include "ZOLSysLog.h"
 
 namespace {

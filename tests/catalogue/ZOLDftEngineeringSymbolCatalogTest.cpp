@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "ZOLDftEngineeringSymbolCatalog.h"
+#include "catalogue/ZOLDftEngineeringSymbolCatalog.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include "ZOLIDrwStandard.h"
 #include "ZOLIQelStandard.h"
 #include "ZOLTIE.h"
-#include "ZOLVotTransientStandard.h"
+#include "standard/ZOLVotTransientStandard.h"
 #include "ZOLXMLSAXIds.h"
 
 using Impl = ZOLVotTransientStandard;

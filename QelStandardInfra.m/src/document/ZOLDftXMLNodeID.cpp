@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "ZOLDftStdElement.h"
+#include "document/ZOLDftStdElement.h"
 #include "ZOLDftStdNamespace.h"
 #include "ZOLSysLog.h"
 
