@@ -28,6 +28,7 @@
 #include <vector>
 
 #include "ZOLDftStdNamespace.h"
+#include "document/ZOLDftStdElement.h"
 #include "generator_symbols.h"
 #include "generator_tables.h"
 
@@ -145,9 +146,9 @@ class Writer {
 public:
   std::string out;
 
-  void Open(const char* element, const char* attribute, const std::string& value) {
+  void Open(ZOLDftStdElement element, const char* attribute, const std::string& value) {
     out += '<';
-    out += element;
+    out += ZOLDftStdElementQualifiedName(element);
     if (attribute) Attribute(attribute, value);
     out += '>';
   }
@@ -159,9 +160,9 @@ public:
     out += value;
     out += '"';
   }
-  void Close(const char* element) {
+  void Close(ZOLDftStdElement element) {
     out += "</";
-    out += element;
+    out += ZOLDftStdElementQualifiedName(element);
     out += '>';
   }
   void Text(const std::string& text) {
@@ -174,8 +175,9 @@ public:
     }
   }
   void Val(const Value& v, bool named) {
-    static const char* const tags[] = {"std:intval", "std:floatval", "std:strval", "std:enumval", "std:colorval"};
-    const char* tag = tags[static_cast<int>(v.kind)];
+    using E = ZOLDftStdElement;
+    static constexpr E kElements[] = {E::IntVal, E::FloatVal, E::StrVal, E::EnumVal, E::ColorVal};  // by Kind
+    const E tag = kElements[static_cast<int>(v.kind)];
     if (v.minval)
       Open(tag, "minval", v.name);
     else if (named || v.kind == Kind::Enum)
@@ -186,7 +188,7 @@ public:
     Close(tag);
   }
   void Tree(const Node& n) {
-    const char* tag = n.typeVal ? "std:typeval" : "std:node";
+    const ZOLDftStdElement tag = n.typeVal ? ZOLDftStdElement::TypeVal : ZOLDftStdElement::Node;
     Open(tag, "name", n.name);
     for (auto& v : n.values) Val(v, n.typeVal);
     for (auto& k : n.kids) Tree(*k);
@@ -196,26 +198,26 @@ public:
 
 std::string WriteStandard(const Standard& s) {
   Writer w;
-  w.out = "<?xml version='1.0' ?>\n<std:node";
+  w.out = "<?xml version='1.0' ?>\n<" + std::string(ZOLDftStdElementQualifiedName(ZOLDftStdElement::Node));
   w.Attribute("xmlns:std", kNamespaceUri);
   w.Attribute("name", "drafting");
   w.out += '>';
   for (auto& e : s.enums) {
-    w.Open("std:enumdef", "name", e.name);
+    w.Open(ZOLDftStdElement::EnumDef, "name", e.name);
     for (auto& l : e.literals) {
-      w.Open("std:strval", nullptr, "");
+      w.Open(ZOLDftStdElement::StrVal, nullptr, "");
       w.Text(l);
-      w.Close("std:strval");
+      w.Close(ZOLDftStdElement::StrVal);
     }
-    w.Close("std:enumdef");
+    w.Close(ZOLDftStdElement::EnumDef);
   }
   for (auto& t : s.typedefs) {
-    w.Open("std:typedef", "name", t.name);
+    w.Open(ZOLDftStdElement::TypeDef, "name", t.name);
     for (auto& f : t.fields) w.Val({f.kind, f.name, f.def}, true);
-    w.Close("std:typedef");
+    w.Close(ZOLDftStdElement::TypeDef);
   }
   for (auto& k : s.root.kids) w.Tree(*k);
-  w.Close("std:node");
+  w.Close(ZOLDftStdElement::Node);
   return w.out;
 }
 
@@ -733,9 +735,9 @@ void WriteTextsSource(const std::string& dir, const std::array<std::string, kPar
   for (int p = 0; p < kParents; ++p) {
     out += std::string("static const char* const k") + ids[p] + "Pieces[] = {\n" + RawPieces(texts[p]) + "};\n\n";
   }
-  out += "const ZOLDftBuiltinStandardPieces kZOLDftBuiltinStandardPieces[3] = {\n";
+  out += "const ZOLDftBuiltinStandardPieces kZOLDftBuiltinStandardPieces[kZOLDftBuiltinCount] = {\n";
   for (int p = 0; p < kParents; ++p)
-    out += std::string("    {\"") + kStandardName[p] + "\", k" + ids[p] + "Pieces, sizeof k" + ids[p] +
+    out += std::string("    {\"") + StandardName(p) + "\", k" + ids[p] + "Pieces, sizeof k" + ids[p] +
            "Pieces / sizeof k" + ids[p] + "Pieces[0], " + std::to_string(texts[p].size()) + "},\n";
   out += "};\n";
   WriteFile(dir + "/ZOLDftBuiltinStandardsData.cpp", out);
@@ -777,7 +779,7 @@ int main(int argc, char** argv) {
   std::array<std::string, kParents> texts;
   for (int p = 0; p < kParents; ++p) {
     texts[p] = BuildStandard(p, symbols);
-    WriteFile(outDir + "/" + kStandardName[p] + ".xml", texts[p]);
+    WriteFile(outDir + "/" + StandardName(p) + ".xml", texts[p]);
   }
   WriteTextsSource(outDir, texts);
   WriteSymbolSource(outDir, symbols);

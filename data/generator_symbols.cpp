@@ -297,7 +297,7 @@ std::vector<Symbol> LoadSymbols() {
       if (s.position[p]) pos.push_back(s.position[p]);
     std::sort(pos.begin(), pos.end());
     for (size_t i = 0; i < pos.size(); ++i)
-      if (pos[i] != static_cast<int>(i + 1)) Fail("symbols.tsv", std::string("positions of ") + kStandardName[p] + " have a gap");
+      if (pos[i] != static_cast<int>(i + 1)) Fail("symbols.tsv", "positions of " + StandardName(p) + " have a gap");
   }
   return out;
 }

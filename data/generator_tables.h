@@ -8,12 +8,23 @@
 #include <string>
 #include <vector>
 
+#include "document/ZOLDftParentStandard.h"
+
 namespace qelgen {
 
-enum Parent { ISO = 0, ANSI = 1, JIS = 2 };
-constexpr int kParents = 3;
-inline const char* const kStandardName[kParents] = {"ISO", "ANSI-ASME", "JIS"};
-inline const char* const kParentWord[kParents] = {"ISO", "ANSI", "JIS"};
+// The built-in standards, each a column of the per-parent tables, in the library's order.
+enum Parent {
+  ISO = static_cast<int>(ZOLDftBuiltin::ISO),
+  ANSI = static_cast<int>(ZOLDftBuiltin::AnsiAsme),
+  JIS = static_cast<int>(ZOLDftBuiltin::JIS)
+};
+constexpr int kParents = kZOLDftBuiltinCount;
+// "ISO", "ANSI-ASME", "JIS": the name of a built-in standard and of its file.
+inline std::string StandardName(int parent) { return std::string(ZOLDftBuiltinName(static_cast<ZOLDftBuiltin>(parent))); }
+// "ISO", "ANSI", "JIS": the parent text that a built-in standard stores.
+inline std::string ParentWord(int parent) {
+  return std::string(ZOLDftParentText(ZOLDftBuiltinParent(static_cast<ZOLDftBuiltin>(parent))));
+}
 
 inline std::string gDataDir;  // the folder of the tables
 
@@ -82,7 +93,7 @@ inline std::optional<std::string> ForParent(const Row& row, size_t isoColumn, in
 inline bool ParentListHas(const std::string& list, int parent) {
   if (list == "*" || list.empty()) return true;
   for (auto& w : Split(list, ','))
-    if (w == kParentWord[parent]) return true;
+    if (w == ParentWord(parent)) return true;
   return false;
 }
 

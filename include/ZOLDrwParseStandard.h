@@ -5,6 +5,7 @@
 
 #include "ZOLAnnStandardXMLValue.h"
 #include "ZOLDrwParseStandardUpgradeOptions.h"
+#include "ZOLString.h"
 #include "ZOLUnicodeString.h"
 
 class ZOLAnnStandardXMLParser;
@@ -58,7 +59,7 @@ public:
   void Decode();
   /// Upgrades to the current level and saves the tree as the input's file name in directory ("." if
   /// null); outputPath gets that path, empty when nothing was decoded. Check GetOutcome for the result.
-  void Encode(const char* directory, ZOLUnicodeString& outputPath, ZOLDrwParseStandardUpgradeOptions& options);
+  void Encode(const char* directory, ZOLString& outputPath, ZOLDrwParseStandardUpgradeOptions& options);
   /// Upgrades to target (-1: the current level) and saves the tree to outputPath, unless a stage that
   /// should run is not built yet; does nothing before Decode.
   void EncodeToVersion(int target, ZOLDrwParseStandardUpgradeOptions& options, const char* outputPath);
@@ -100,7 +101,7 @@ protected:
   virtual int DecodeTree(ZOLAnnStandardXMLParser& parser);
 
   /// Sets outputPath to directory ("." if null), a backslash, the input's name cut at its first ".xml", and ".xml".
-  void CreateOutput(const char* directory, ZOLUnicodeString& outputPath);
+  void CreateOutput(const char* directory, ZOLString& outputPath);
   /// One pass over the stages whose levels lie between the start level and target (-1: current).
   void UpgradeVersion(int target, ZOLDrwParseStandardUpgradeOptions& options);
   /// 4 ISO, 8 JIS, 2 ASME, 1 ANSI; 0 with a report for any other parent.

@@ -18,6 +18,17 @@
 #include <vector>
 
 #include "ZOLFile.h"
+#include "ZOLXMLSAX.h"
+
+namespace {
+
+// The opaque node and document types of the public header are libxml2's.
+xmlNode* X(ZOLDOMRawNode* node) { return reinterpret_cast<xmlNode*>(node); }
+ZOLDOMRawNode* R(xmlNode* node) { return reinterpret_cast<ZOLDOMRawNode*>(node); }
+xmlDoc* X(ZOLDOMRawDocument* doc) { return reinterpret_cast<xmlDoc*>(doc); }
+ZOLDOMRawDocument* R(xmlDoc* doc) { return reinterpret_cast<ZOLDOMRawDocument*>(doc); }
+
+}  // namespace
 
 namespace {
 
@@ -93,7 +104,7 @@ void ZOLXMLInitialize() {
 
 ZOLIDOMNode::NodeType ZOLIDOMNode::GetNodeType() const {
   if (!_node) return UNKNOWN_NODE;
-  int t = _node->type;
+  int t = X(_node)->type;
   if (t >= XML_ELEMENT_NODE && t <= XML_NOTATION_NODE) return static_cast<NodeType>(t);
   if (t == XML_HTML_DOCUMENT_NODE) return DOCUMENT_NODE;
   if (t == XML_DTD_NODE) return DOCUMENT_TYPE_NODE;
@@ -102,7 +113,7 @@ ZOLIDOMNode::NodeType ZOLIDOMNode::GetNodeType() const {
 
 HRESULT ZOLIDOMNode::GetNodeName(std::string& name) const {
   if (!_node) return E_FAIL;
-  switch (_node->type) {
+  switch (X(_node)->type) {
     case XML_TEXT_NODE: name = "#text"; return S_OK;
     case XML_CDATA_SECTION_NODE: name = "#cdata-section"; return S_OK;
     case XML_COMMENT_NODE: name = "#comment"; return S_OK;
@@ -111,31 +122,31 @@ HRESULT ZOLIDOMNode::GetNodeName(std::string& name) const {
     case XML_DOCUMENT_FRAG_NODE: name = "#document-fragment"; return S_OK;
     default: break;
   }
-  name.assign(View(_node->name));
-  if (_node->type == XML_ELEMENT_NODE && _node->ns && _node->ns->prefix)
-    name.insert(0, 1, ':').insert(0, reinterpret_cast<const char*>(_node->ns->prefix));
+  name.assign(View(X(_node)->name));
+  if (X(_node)->type == XML_ELEMENT_NODE && X(_node)->ns && X(_node)->ns->prefix)
+    name.insert(0, 1, ':').insert(0, reinterpret_cast<const char*>(X(_node)->ns->prefix));
   return S_OK;
 }
 
 HRESULT ZOLIDOMNode::GetLocalName(std::string_view& name) const {
   if (!_node) return E_FAIL;
-  name = _node->type == XML_ELEMENT_NODE && !NamespacesOff(_node) ? View(_node->name) : std::string_view();
+  name = X(_node)->type == XML_ELEMENT_NODE && !NamespacesOff(X(_node)) ? View(X(_node)->name) : std::string_view();
   return S_OK;
 }
 
 HRESULT ZOLIDOMNode::GetNamespaceURI(std::string_view& uri) const {
   if (!_node) return E_FAIL;
-  uri = _node->type == XML_ELEMENT_NODE && _node->ns && !NamespacesOff(_node) ? View(_node->ns->href) : std::string_view();
+  uri = X(_node)->type == XML_ELEMENT_NODE && X(_node)->ns && !NamespacesOff(X(_node)) ? View(X(_node)->ns->href) : std::string_view();
   return S_OK;
 }
 
 HRESULT ZOLIDOMNode::GetNodeValue(std::string_view& value) const {
   if (!_node) return E_FAIL;
-  switch (_node->type) {
+  switch (X(_node)->type) {
     case XML_TEXT_NODE:
     case XML_CDATA_SECTION_NODE:
     case XML_COMMENT_NODE:
-    case XML_PI_NODE: value = View(_node->content); break;
+    case XML_PI_NODE: value = View(X(_node)->content); break;
     default: value = std::string_view(); break;
   }
   return S_OK;
@@ -143,7 +154,7 @@ HRESULT ZOLIDOMNode::GetNodeValue(std::string_view& value) const {
 
 HRESULT ZOLIDOMNode::GetParentNode(ZOLIDOMNode& parent) const {
   if (!_node) return E_FAIL;
-  parent = ZOLIDOMNode(_node->parent);
+  parent = ZOLIDOMNode(R(X(_node)->parent));
   return S_OK;
 }
 
@@ -155,31 +166,31 @@ HRESULT ZOLIDOMNode::GetChildNodes(ZOLIDOMNodeList& children) const {
 
 HRESULT ZOLIDOMNode::AppendChild(const ZOLIDOMNode& child) {
   if (!_node) return E_FAIL;
-  xmlNode* c = child._node;
-  if (!c || c->parent || c->prev || c->next || c->doc != _node->doc || c == _node) return E_INVALIDARG;
+  xmlNode* c = X(child._node);
+  if (!c || c->parent || c->prev || c->next || c->doc != X(_node)->doc || c == X(_node)) return E_INVALIDARG;
   if (c->type == XML_ATTRIBUTE_NODE || c->type == XML_DOCUMENT_NODE) return E_INVALIDARG;
-  if (_node->type != XML_ELEMENT_NODE) return E_INVALIDARG;
+  if (X(_node)->type != XML_ELEMENT_NODE) return E_INVALIDARG;
   // Linked by hand: xmlAddChild would merge adjacent texts and free the one handed in.
-  c->parent = _node;
-  if (_node->last) {
-    _node->last->next = c;
-    c->prev = _node->last;
+  c->parent = X(_node);
+  if (X(_node)->last) {
+    X(_node)->last->next = c;
+    c->prev = X(_node)->last;
   } else {
-    _node->children = c;
+    X(_node)->children = c;
   }
-  _node->last = c;
+  X(_node)->last = c;
   return S_OK;
 }
 
 // ---------------------------------------------------------------- elements
 
 ZOLIDOMElement::ZOLIDOMElement(const ZOLIDOMNode& node)
-    : ZOLIDOMNode(node.Raw() && node.Raw()->type == XML_ELEMENT_NODE ? node.Raw() : nullptr) {}
+    : ZOLIDOMNode(node.Raw() && X(node.Raw())->type == XML_ELEMENT_NODE ? node.Raw() : nullptr) {}
 
 HRESULT ZOLIDOMElement::GetAttributeNS(std::string_view uri, std::string_view localName, std::string& value) const {
   if (!_node) return E_FAIL;
   value.clear();
-  const xmlAttr* a = FindAttribute(_node, uri, localName);
+  const xmlAttr* a = FindAttribute(X(_node), uri, localName);
   if (!a) return S_FALSE;
   // An attribute's value is nearly always one text node; read it without an allocation of libxml2's.
   for (const xmlNode* c = a->children; c; c = c->next) {
@@ -195,7 +206,7 @@ HRESULT ZOLIDOMElement::GetAttributeNS(std::string_view uri, std::string_view lo
 }
 
 bool ZOLIDOMElement::HasAttributeNS(std::string_view uri, std::string_view localName) const {
-  return _node && FindAttribute(_node, uri, localName);
+  return _node && FindAttribute(X(_node), uri, localName);
 }
 
 HRESULT ZOLIDOMElement::SetAttribute(std::string_view qualifiedName, std::string_view value) {
@@ -205,7 +216,7 @@ HRESULT ZOLIDOMElement::SetAttribute(std::string_view qualifiedName, std::string
   if (qualifiedName == "xmlns" || qualifiedName.substr(0, 6) == "xmlns:") {
     std::string prefix = qualifiedName.size() > 6 ? Z(qualifiedName.substr(6)) : std::string();
     if (qualifiedName.size() == 6) return E_INVALIDARG;
-    for (xmlNs* ns = _node->nsDef; ns; ns = ns->next) {
+    for (xmlNs* ns = X(_node)->nsDef; ns; ns = ns->next) {
       if (View(ns->prefix) != prefix) continue;
       if (View(ns->href) != value) {
         xmlFree(const_cast<xmlChar*>(ns->href));
@@ -213,31 +224,31 @@ HRESULT ZOLIDOMElement::SetAttribute(std::string_view qualifiedName, std::string
       }
       return S_OK;
     }
-    return xmlNewNs(_node, X(v), prefix.empty() ? nullptr : X(prefix)) ? S_OK : E_FAIL;
+    return xmlNewNs(X(_node), X(v), prefix.empty() ? nullptr : X(prefix)) ? S_OK : E_FAIL;
   }
   std::string name = Z(qualifiedName);
-  return xmlSetProp(_node, X(name), X(v)) ? S_OK : E_FAIL;
+  return xmlSetProp(X(_node), X(name), X(v)) ? S_OK : E_FAIL;
 }
 
 // ---------------------------------------------------------------- node lists
 
-ZOLIDOMNodeList::ZOLIDOMNodeList(_xmlNode* parent) : _parent(parent) {
+ZOLIDOMNodeList::ZOLIDOMNodeList(ZOLDOMRawNode* parent) : _parent(parent) {
   // An entity reference points at the entity's own nodes, which are not its children.
-  if (!_parent || _parent->type == XML_ENTITY_REF_NODE) {
+  if (!_parent || X(_parent)->type == XML_ENTITY_REF_NODE) {
     _parent = nullptr;
     return;
   }
-  for (xmlNode* c = _parent->children; c; c = c->next) ++_length;
+  for (xmlNode* c = X(_parent)->children; c; c = c->next) ++_length;
 }
 
 HRESULT ZOLIDOMNodeList::Item(int index, ZOLIDOMNode& node) const {
   if (!_parent || index < 0 || index >= _length) return E_INVALIDARG;
   if (_cursorIndex < 0 || !_cursor || index < _cursorIndex / 2) {
-    _cursor = _parent->children;
+    _cursor = R(X(_parent)->children);
     _cursorIndex = 0;
   }
-  while (_cursor && _cursorIndex < index) { _cursor = _cursor->next; ++_cursorIndex; }
-  while (_cursor && _cursorIndex > index) { _cursor = _cursor->prev; --_cursorIndex; }
+  while (_cursor && _cursorIndex < index) { _cursor = R(X(_cursor)->next); ++_cursorIndex; }
+  while (_cursor && _cursorIndex > index) { _cursor = R(X(_cursor)->prev); --_cursorIndex; }
   if (!_cursor) {
     _cursorIndex = -1;
     return E_FAIL;
@@ -261,15 +272,15 @@ struct ZOLIDOMDocument::Holder {
   std::vector<xmlNode*> created;
 };
 
-ZOLIDOMDocument::ZOLIDOMDocument(_xmlDoc* doc) {
-  if (doc) _holder = std::make_shared<Holder>(doc);
+ZOLIDOMDocument::ZOLIDOMDocument(ZOLDOMRawDocument* doc) {
+  if (doc) _holder = std::make_shared<Holder>(X(doc));
 }
 
-_xmlDoc* ZOLIDOMDocument::Raw() const { return _holder ? _holder->doc : nullptr; }
+ZOLDOMRawDocument* ZOLIDOMDocument::Raw() const { return _holder ? R(_holder->doc) : nullptr; }
 
 HRESULT ZOLIDOMDocument::GetDocumentElement(ZOLIDOMElement& element) const {
   if (!_holder) return E_FAIL;
-  element = ZOLIDOMElement(ZOLIDOMNode(xmlDocGetRootElement(_holder->doc)));
+  element = ZOLIDOMElement(ZOLIDOMNode(R(xmlDocGetRootElement(_holder->doc))));
   return S_OK;
 }
 
@@ -297,7 +308,7 @@ HRESULT ZOLIDOMDocument::CreateElementNS(std::string_view uri, std::string_view 
     if (!ns) return E_FAIL;
     xmlSetNs(node, ns);
   }
-  element = ZOLIDOMElement(ZOLIDOMNode(node));
+  element = ZOLIDOMElement(ZOLIDOMNode(R(node)));
   return S_OK;
 }
 
@@ -306,13 +317,13 @@ HRESULT ZOLIDOMDocument::CreateTextNode(std::string_view text, ZOLIDOMNode& node
   xmlNode* t = xmlNewDocTextLen(_holder->doc, reinterpret_cast<const xmlChar*>(text.data()), static_cast<int>(text.size()));
   if (!t) return E_FAIL;
   _holder->created.push_back(t);
-  node = ZOLIDOMNode(t);
+  node = ZOLIDOMNode(R(t));
   return S_OK;
 }
 
 HRESULT ZOLIDOMDocument::AppendChild(const ZOLIDOMNode& child) {
   if (!_holder) return E_FAIL;
-  xmlNode* c = child.Raw();
+  xmlNode* c = X(child.Raw());
   if (!c || c->type != XML_ELEMENT_NODE || c->parent || c->doc != _holder->doc || xmlDocGetRootElement(_holder->doc))
     return E_INVALIDARG;
   xmlDocSetRootElement(_holder->doc, c);
@@ -400,7 +411,7 @@ public:
     xmlDoc* doc = xmlNewDoc(reinterpret_cast<const xmlChar*>("1.0"));
     if (!doc) return E_FAIL;
     doc->dict = xmlDictCreate();  // element names are interned, as in a parsed document
-    document = ZOLIDOMDocument(doc);
+    document = ZOLIDOMDocument(R(doc));
     return S_OK;
   }
 
@@ -429,7 +440,7 @@ public:
     }
     // The document says UTF-8 and the writer is given no encoding of its own: it then writes the
     // tree's UTF-8 as it stands, without a conversion pass.
-    xmlDoc* doc = document.Raw();
+    xmlDoc* doc = X(document.Raw());
     if (!doc->encoding || !xmlStrEqual(doc->encoding, reinterpret_cast<const xmlChar*>("UTF-8"))) {
       if (doc->encoding) xmlFree(const_cast<xmlChar*>(doc->encoding));
       doc->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
@@ -514,7 +525,7 @@ private:
       return E_FAIL;
     }
     if (!options.namespaces) doc->_private = &g_noNamespaces;
-    document = ZOLIDOMDocument(doc);
+    document = ZOLIDOMDocument(R(doc));
     return S_OK;
   }
 

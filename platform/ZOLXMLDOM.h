@@ -1,4 +1,4 @@
-// DOM services of the platform over libxml2's tree: a document builder, documents, nodes, elements.
+// DOM services of the platform: a document builder, documents, nodes, elements.
 //
 // Ownership: a ZOLIDOMDocument holds its tree through a shared pointer; copies share it and the
 // last one frees it. Nodes, elements and node lists are plain handles into a tree: they stay valid
@@ -11,10 +11,11 @@
 
 #include "ZOLListValZOLUnicodeString.h"
 #include "ZOLResult.h"
-#include "ZOLXMLSAX.h"
 
-struct _xmlDoc;
-struct _xmlNode;
+class ZOLIXMLInputSource;
+// Nodes and documents of the underlying tree, opaque outside the platform.
+struct ZOLDOMRawNode;
+struct ZOLDOMRawDocument;
 
 class ZOLIDOMNodeList;
 
@@ -40,8 +41,8 @@ public:
 
   /// A null handle.
   ZOLIDOMNode() = default;
-  /// A handle on a libxml2 node (null stays null).
-  explicit ZOLIDOMNode(_xmlNode* node) : _node(node) {}
+  /// A handle on a node of the underlying tree (null stays null).
+  explicit ZOLIDOMNode(ZOLDOMRawNode* node) : _node(node) {}
 
   /// 1 for the null handle.
   bool IsNull() const { return _node == nullptr; }
@@ -63,12 +64,12 @@ public:
   /// Appends a node that has no parent yet, of the same document; E_INVALIDARG otherwise, E_FAIL on null.
   HRESULT AppendChild(const ZOLIDOMNode& child);
 
-  /// The libxml2 node, for the platform's own use.
-  _xmlNode* Raw() const { return _node; }
+  /// The node of the underlying tree, for the platform's own use.
+  ZOLDOMRawNode* Raw() const { return _node; }
   friend bool operator==(const ZOLIDOMNode& a, const ZOLIDOMNode& b) { return a._node == b._node; }
 
 protected:
-  _xmlNode* _node = nullptr;
+  ZOLDOMRawNode* _node = nullptr;
 };
 
 /// An element node, or null.
@@ -95,7 +96,7 @@ public:
   /// An empty list.
   ZOLIDOMNodeList() = default;
   /// The children of node (a null list for a null node or an entity reference).
-  explicit ZOLIDOMNodeList(_xmlNode* parent);
+  explicit ZOLIDOMNodeList(ZOLDOMRawNode* parent);
   /// 1 for a list of no node.
   bool IsNull() const { return _parent == nullptr; }
   /// Number of children, as counted when the list was taken.
@@ -104,10 +105,10 @@ public:
   HRESULT Item(int index, ZOLIDOMNode& node) const;
 
 private:
-  _xmlNode* _parent = nullptr;
+  ZOLDOMRawNode* _parent = nullptr;
   int _length = 0;
   mutable int _cursorIndex = -1;
-  mutable _xmlNode* _cursor = nullptr;
+  mutable ZOLDOMRawNode* _cursor = nullptr;
 };
 
 /// A document; copies share the tree.
@@ -115,8 +116,8 @@ class ZOLIDOMDocument {
 public:
   /// A null handle.
   ZOLIDOMDocument() = default;
-  /// Takes ownership of a libxml2 document (null stays null).
-  explicit ZOLIDOMDocument(_xmlDoc* doc);
+  /// Takes ownership of a document of the underlying tree (null stays null).
+  explicit ZOLIDOMDocument(ZOLDOMRawDocument* doc);
 
   /// 1 for the null handle.
   bool IsNull() const { return !_holder; }
@@ -130,8 +131,8 @@ public:
   /// Makes an element the document element; E_INVALIDARG when there is one already or it is no element.
   HRESULT AppendChild(const ZOLIDOMNode& child);
 
-  /// The libxml2 document, for the platform's own use.
-  _xmlDoc* Raw() const;
+  /// The document of the underlying tree, for the platform's own use.
+  ZOLDOMRawDocument* Raw() const;
 
 private:
   // The tree, and the nodes created for it, which go with it if they were never appended.

@@ -5,6 +5,7 @@
 // any other entity reference is an undeclared-entity error. That rules out external entities and
 // expansion bombs alike, whatever the size of the input.
 #include "ZOLXMLSAX.h"
+#include "detail/ZOLXMLSAXLean.h"
 
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
@@ -179,7 +180,7 @@ static_assert(std::is_same_v<ZOLSAXLeanCallbacks::Start, startElementNsSAX2Func>
 static_assert(std::is_same_v<ZOLSAXLeanCallbacks::End, endElementNsSAX2Func>);
 static_assert(std::is_same_v<ZOLSAXLeanCallbacks::Text, charactersSAXFunc>);
 
-class Reader final : public ZOLISAXXMLReader, public ZOLSAXLaneState {
+class Reader final : public ZOLISAXXMLReader, public ZOLISAXLeanReader, public ZOLSAXLaneState {
 public:
   HRESULT SetFeature(std::string_view uri, bool value) override {
     if (uri == ZOLSAXFeatureSchemaValidation && !value) return S_OK;

@@ -10,6 +10,7 @@
 #include "ZOLDftXMLNodeIterator.h"
 #include "ZOLReportCountTest.h"
 #include "ZOLXMLDOM.h"
+#include "ZOLXMLSAX.h"
 
 namespace {
 

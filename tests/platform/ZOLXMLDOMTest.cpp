@@ -7,6 +7,7 @@
 
 #include "ZOLTestReports.h"
 #include "ZOLXMLDOM.h"
+#include "ZOLXMLSAX.h"
 
 namespace fs = std::filesystem;
 

@@ -9,6 +9,7 @@
 
 #include "ZOLReportCountTest.h"
 #include "ZOLXMLSAX.h"
+#include "detail/ZOLXMLSAXLean.h"
 
 namespace {
 
@@ -279,7 +280,7 @@ protected:
     reader->SetErrorHandler(&rec);
     LeanRecorder viaReader(rec);
     DirectLeanRecorder direct(rec);
-    EXPECT_EQ(reader->SetLeanContentHandler(GetParam() ? &direct : &viaReader), S_OK);
+    EXPECT_EQ(ZOLSAXSetLeanContentHandler(*reader, GetParam() ? &direct : &viaReader), S_OK);
     return reader->Parse(*source);
   }
   Recorder rec;

@@ -2,6 +2,8 @@
 #pragma once
 #include <cstddef>
 
+#include "document/ZOLDftParentStandard.h"
+
 struct ZOLDftBuiltinStandardPieces {
   const char* name;             // "ISO", "ANSI-ASME", "JIS"
   const char* const* pieces;    // joined in order, they give the text
@@ -9,5 +11,5 @@ struct ZOLDftBuiltinStandardPieces {
   size_t length;                // bytes of the whole text
 };
 
-// In the order ISO, ANSI-ASME, JIS; defined by the generated source.
-extern const ZOLDftBuiltinStandardPieces kZOLDftBuiltinStandardPieces[3];
+// By ZOLDftBuiltin; defined by the generated source.
+extern const ZOLDftBuiltinStandardPieces kZOLDftBuiltinStandardPieces[kZOLDftBuiltinCount];

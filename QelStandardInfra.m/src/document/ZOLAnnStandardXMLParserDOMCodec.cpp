@@ -20,14 +20,6 @@ ZOLTrace g_trace("DftStdDOMCodec");
 using Elem = ZOLAnnStandardXMLParserDOMCodecQueueElem;
 using Kind = ZOLDftStdElement;
 
-// Qualified names of the written elements, by ZOLDftStdElement.
-const std::array<std::string, static_cast<size_t>(Kind::Count)> g_qualified = [] {
-  std::array<std::string, static_cast<size_t>(Kind::Count)> names;
-  for (size_t i = 0; i < names.size(); ++i)
-    names[i] = std::string(ZOLDftStdNamespacePrefix) + ":" + ZOLDftStdElementID(static_cast<Kind>(i)).GetLocalName().str();
-  return names;
-}();
-
 const std::string g_xmlnsStd = "xmlns:" + std::string(ZOLDftStdNamespacePrefix);
 
 std::string NodeName(const ZOLIDOMNode_var& node) {
@@ -543,7 +535,7 @@ HRESULT ZOLAnnStandardXMLParserDOMCodec::Encode(Output& output) {
     return E_UNEXPECTED;
   }
   ZOLIDOMElement_var top;
-  if (FAILED(document.CreateElementNS(ZOLDftStdNamespaceURI, g_qualified[static_cast<size_t>(Kind::Node)], top)) ||
+  if (FAILED(document.CreateElementNS(ZOLDftStdNamespaceURI, ZOLDftStdElementQualifiedName(Kind::Node), top)) ||
       FAILED(top.SetAttribute(g_xmlnsStd, ZOLDftStdNamespaceURI)) ||
       (!_name.IsEmpty() && FAILED(top.SetAttribute("name", _name.str()))) ||
       (!_type.IsEmpty() && FAILED(top.SetAttribute("type", _type.str()))) || FAILED(document.AppendChild(top))) {
@@ -580,7 +572,7 @@ HRESULT ZOLAnnStandardXMLParserDOMCodec::EncodeNode(ZOLAnnStandardXMLNode* node,
     }
     ZOLIDOMElement_var element;
     ZOLIDOMElement_var parentElement = pair->GetElement();
-    if (FAILED(document.CreateElementNS(ZOLDftStdNamespaceURI, g_qualified[static_cast<size_t>(kind)], element)) ||
+    if (FAILED(document.CreateElementNS(ZOLDftStdNamespaceURI, ZOLDftStdElementQualifiedName(kind), element)) ||
         FAILED(element.SetAttribute("name", current->Name().str())) || FAILED(parentElement.AppendChild(element))) {
       ZOLAssertMessage("Failed to create node!");
       return E_FAIL;
@@ -599,7 +591,7 @@ HRESULT ZOLAnnStandardXMLParserDOMCodec::EncodeNode(ZOLAnnStandardXMLNode* node,
         default: ZOLAssertMessage("unknown type of value!"); return E_FAIL;
       }
       ZOLIDOMElement_var valueElement;
-      if (FAILED(document.CreateElementNS(ZOLDftStdNamespaceURI, g_qualified[static_cast<size_t>(valueKind)], valueElement)) ||
+      if (FAILED(document.CreateElementNS(ZOLDftStdNamespaceURI, ZOLDftStdElementQualifiedName(valueKind), valueElement)) ||
           (!value->Name().IsEmpty() &&
            FAILED(valueElement.SetAttribute(value->GetRangeVal() ? "minval" : "name", value->Name().str()))) ||
           FAILED(element.AppendChild(valueElement))) {

@@ -58,15 +58,13 @@ bool operator==(const ZOLDftXMLNodeID& a, const ZOLDftXMLNodeID& b) {
 
 namespace {
 
-// In the order of ZOLDftStdElement.
-constexpr std::array<const char*, static_cast<size_t>(ZOLDftStdElement::Count)> kWords = {
-    "colorval", "enumdef", "enumval", "floatval", "intval", "node", "strval", "typedef", "typeval"};
-
 // Reached through a function so that other static initialisers may use it.
-const std::array<ZOLDftXMLNodeID, kWords.size()>& Ids() {
-  static const std::array<ZOLDftXMLNodeID, kWords.size()> ids = [] {
-    std::array<ZOLDftXMLNodeID, kWords.size()> made;
-    for (size_t i = 0; i < kWords.size(); ++i) made[i] = ZOLDftXMLNodeID(ZOLUnicodeString(ZOLDftStdNamespaceURI), kWords[i]);
+const std::array<ZOLDftXMLNodeID, kZOLDftStdElementCount>& Ids() {
+  static const std::array<ZOLDftXMLNodeID, kZOLDftStdElementCount> ids = [] {
+    std::array<ZOLDftXMLNodeID, kZOLDftStdElementCount> made;
+    for (size_t i = 0; i < made.size(); ++i)
+      made[i] = ZOLDftXMLNodeID(ZOLUnicodeString(ZOLDftStdNamespaceURI),
+                                ZOLUnicodeString(ZOLDftStdElementLocalName(static_cast<ZOLDftStdElement>(i))));
     return made;
   }();
   return ids;

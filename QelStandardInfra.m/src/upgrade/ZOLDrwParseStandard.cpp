@@ -101,14 +101,14 @@ ZOLDrwParseParameter* ZOLDrwParseStandard::GetParameter(const ZOLUnicodeString& 
   return nullptr;
 }
 
-void ZOLDrwParseStandard::Encode(const char* directory, ZOLUnicodeString& outputPath,
+void ZOLDrwParseStandard::Encode(const char* directory, ZOLString& outputPath,
                                  ZOLDrwParseStandardUpgradeOptions& options) {
   outputPath = "";
   CreateOutput(directory, outputPath);
   EncodeToVersion(-1, options, outputPath.ConvertToChar());
 }
 
-void ZOLDrwParseStandard::CreateOutput(const char* directory, ZOLUnicodeString& outputPath) {
+void ZOLDrwParseStandard::CreateOutput(const char* directory, ZOLString& outputPath) {
   outputPath = "";
   if (!_Decoded || _FileName.IsEmpty()) return;
   std::string_view file = _FileName;
