@@ -8,6 +8,8 @@
 #include "ZOLDftStandardServices.h"
 #include "ZOLIDrwStandard.h"
 #include "ZOLReportCountTest.h"
+#include "ZOLTransientLanes.h"
+#include "standard/ZOLVotKeyMap.h"
 
 namespace {
 
@@ -31,6 +33,8 @@ std::string Colour(int components) {
   for (int i = 0; i < components; ++i) text += (i ? " " : "") + std::to_string(i + 1);
   return "<std:node name=\"C\"><std:colorval>" + text + "</std:colorval></std:node>";
 }
+
+ZOLVotTransientStandard* Impl(ZOLIDrwStandard* s) { return dynamic_cast<ZOLVotTransientStandard*>(s->GetImpl()); }
 
 using BadInput = ZOLReportCountTest;
 
@@ -114,4 +118,98 @@ TEST_F(BadInput, SizedRealAndStringReadsKeepTheCapacity) {
   EXPECT_EQ(count, 40);
   EXPECT_EQ(b, "ab");
   EXPECT_EQ(untouched, "keep");
+}
+
+// Nesting costs a copy of the path per value, so depth is bounded: the load stops at the bound
+// with one report and keeps what it read, in both of the object's reading lanes.
+TEST_F(BadInput, NestingDeeperThanTheBoundIsRefusedAndWhatCameBeforeStays) {
+  auto nested = [](int levels) {
+    std::string open, close;
+    for (int i = 0; i < levels; ++i) {
+      open += "<std:node name=\"n\"><std:intval>" + std::to_string(i) + "</std:intval>";
+      close += "</std:node>";
+    }
+    return kOpen + open + close + kClose;
+  };
+  std::string path = "n";
+  for (int i = 1; i < 509; ++i) path += ".n";
+  ZOLIDrwStandard_var fits = Load(nested(510));
+  int v = -1;
+  EXPECT_EQ(fits->GetValue(path.c_str(), 1, v), S_OK);
+  EXPECT_EQ(v, 508);
+  const std::string deep = nested(600);
+  ZOLIDrwStandard_var refused = Load(deep);
+  path = "n";
+  for (int i = 1; i < 400; ++i) path += ".n";
+  ASSERT_EQ(refused->GetValue(path.c_str(), 1, v), S_OK);
+  EXPECT_EQ(v, 399);
+  EXPECT_EQ(r.CountContaining("Refused: nests deeper than 512 levels"), 1);
+  EXPECT_EQ(r.CountContaining("Load of the standard failed"), 1);
+  EXPECT_EQ(ZOLDescribeTransient(*Impl(refused)), ZOLDescribeTransient(*Impl(ZOLLoadThroughContentHandler(deep))));
+  reports = 5;  // refusal and failed load, twice, and the missing text of the second lane's empty start
+}
+
+// Long names repeated over many values make keys grow with names times values; their total is bounded.
+TEST_F(BadInput, KeysBeyondTheirBoundAreRefused) {
+  const std::string name(60000, 'k');
+  std::string values;
+  for (int i = 0; i < 1500; ++i) values += "<std:node name=\"v" + std::to_string(i) + "\"><std:intval>1</std:intval></std:node>";
+  ZOLIDrwStandard_var s = Load(kOpen + "<std:node name=\"" + name + "\">" + values + "</std:node>" + kClose);
+  int v = 0;
+  EXPECT_EQ(s->GetValue((name + ".v1000").c_str(), 1, v), S_OK);
+  EXPECT_EQ(s->GetValue((name + ".v1499").c_str(), 1, v), E_FAIL);
+  EXPECT_EQ(r.CountContaining("Refused: keys of values too large"), 1);
+  reports = 2;
+}
+
+// One rule for what a standard is, the dialect's: its namespace, whatever the prefix, and a root
+// that is a node of it.
+TEST_F(BadInput, ADocumentWhoseRootIsNoNodeOfTheDialectIsRefused) {
+  const std::string body = "<std:node name=\"A\"><std:intval>1</std:intval></std:node>";
+  const std::string ns = "\"http://www.qelstandardinfra.org/std\"";
+  struct Case {
+    std::string text;
+    bool read;
+  } cases[] = {
+      {"<s:node xmlns:s=" + ns + " xmlns:std=" + ns + " name=\"drafting\">" + body + "</s:node>", true},
+      {"<root xmlns:std=" + ns + ">" + body + "</root>", false},
+      {"<std:typeval xmlns:std=" + ns + ">" + body + "</std:typeval>", false},
+      {"<std:node xmlns:std=\"urn:other\" name=\"drafting\"><x:node xmlns:x=" + ns + " name=\"A\"><x:intval>1</x:intval></x:node></std:node>", false},
+  };
+  for (const Case& c : cases) {
+    ZOLIDrwStandard_var s = Load(c.text);
+    int v = 0;
+    EXPECT_EQ(s->GetValue("A", 1, v) == S_OK, c.read) << c.text;
+    EXPECT_EQ(s->HasNode("A"), c.read ? 1 : 0) << c.text;
+  }
+  EXPECT_EQ(r.CountContaining("Refused: root is not a dialect node"), 3);
+  reports = 6;
+}
+
+// Names chosen so that the hash without a secret sends all their keys to one slot of a table of
+// 4,096: under the process's secret they spread, and no key lies far from its home slot.
+TEST_F(BadInput, KeysCollidingWithoutTheSecretSpreadUnderIt) {
+  std::vector<std::string> keys;
+  std::string body;
+  for (uint64_t i = 0; keys.size() < 2000; ++i) {
+    std::string key = "N" + std::to_string(i) + ".1";
+    if ((ZOLVotHashWithSecret(key, 0) & 4095) != 0) continue;
+    keys.push_back(key);
+    body += "<std:node name=\"N" + std::to_string(i) + "\"><std:intval>" + std::to_string(keys.size()) + "</std:intval></std:node>";
+  }
+  ZOLVotChars chars;
+  ZOLVotKeyMap<int> unseeded(chars), seeded(chars);
+  unseeded.Reserve(keys.size());
+  seeded.Reserve(keys.size());
+  for (const std::string& k : keys) {
+    unseeded.Get(k, ZOLVotHashWithSecret(k, 0)) = 1;
+    seeded[k] = 1;
+  }
+  EXPECT_GT(unseeded.LongestProbe(), 1000u);
+  EXPECT_LT(seeded.LongestProbe(), 64u);
+
+  ZOLIDrwStandard_var s = Load(kOpen + body + kClose);
+  int v = 0;
+  ASSERT_EQ(s->GetValue(keys[1999].substr(0, keys[1999].size() - 2).c_str(), 1, v), S_OK);
+  EXPECT_EQ(v, 2000);
 }

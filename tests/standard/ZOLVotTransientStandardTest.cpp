@@ -234,14 +234,15 @@ TEST(TransientLoad, ValueTextIsWhatFollowsTheLastStartTagOrValue) {
   EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(TransientLoad, NamesCountOnlyWithTheStdPrefixAndAnUnprefixedNameAttribute) {
+TEST(TransientLoad, ElementsCountByTheirNamespaceAndNamesOnlyUnprefixed) {
   ZOLTestReports r;
   auto s = FromBody("<x:node xmlns:x=\"http://www.qelstandardinfra.org/std\" name=\"X\"><x:intval>1</x:intval></x:node>" +
                     std::string("<std:node std:name=\"P\"><std:intval>2</std:intval></std:node>") +
-                    "<std:node id=\"3\" name=\"Q\"><std:intval>3</std:intval></std:node>");
-  // The x: value is no value, and the node with a prefixed name is nameless, so its value lies at
-  // the empty path, which counts as the path of the value before the first.
-  EXPECT_EQ(Filed(s), (std::vector<std::string>{" integers 2", "Q.1 integer 3"}));
+                    "<std:node id=\"3\" name=\"Q\"><std:intval>3</std:intval></std:node>" +
+                    "<std:node xmlns:std=\"urn:other\" name=\"O\"><std:intval>4</std:intval></std:node>");
+  // Another prefix of the dialect's namespace counts; the node with a prefixed name is nameless,
+  // so its value lies at the empty path; the dialect's prefix bound to another namespace is no value.
+  EXPECT_EQ(Filed(s), (std::vector<std::string>{".1 integer 2", "Q.1 integer 3", "X.1 integer 1"}));
   EXPECT_EQ(r.Count(), 0);
 }
 

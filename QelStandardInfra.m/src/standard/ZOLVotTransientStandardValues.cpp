@@ -214,12 +214,14 @@ HRESULT ZOLVotTransientStandard::GetValueType(const char* iPath, ZOLDftStandardV
   if (oCount) *oCount = 0;
   const Node* node = FindNode(iPath ? iPath : "", 1);
   if (!node) return E_FAIL;
+  // Children are alike when they are the same element of the dialect, or both elements of
+  // another namespace with the same name as read.
   const Node* first = FirstChild(*node);
-  std::string_view reference = first ? Type(*first) : std::string_view();
+  auto alike = [&](const Node& c) { return c.kind == first->kind && (c.kind != Kind::Unknown || Type(c) == Type(*first)); };
   int count = 0, children = 0;
   for (const Node* c = first; c; c = NextSibling(*c)) {
     ++children;
-    if (Type(*c) == reference) ++count;
+    if (alike(*c)) ++count;
     else ZOLAssertBool("");
   }
   if (count != children) {
@@ -227,11 +229,14 @@ HRESULT ZOLVotTransientStandard::GetValueType(const char* iPath, ZOLDftStandardV
     return E_UNEXPECTED;
   }
   ZOLDftStandardValueType type = ZOLDftStandardValueTypeUnknown;
-  if (reference == "std:intval") type = ZOLDftStandardValueTypeInteger;
-  else if (reference == "std:floatval") type = ZOLDftStandardValueTypeReal;
-  else if (reference == "std:strval") type = ZOLDftStandardValueTypeString;
-  else if (reference == "std:enumval") type = ZOLDftStandardValueTypeEnum;
-  else if (reference == "std:typeval") type = ZOLDftStandardValueTypeTypedEntry;
+  switch (first ? first->kind : Kind::Unknown) {
+    case Kind::IntVal: type = ZOLDftStandardValueTypeInteger; break;
+    case Kind::FloatVal: type = ZOLDftStandardValueTypeReal; break;
+    case Kind::StrVal: type = ZOLDftStandardValueTypeString; break;
+    case Kind::EnumVal: type = ZOLDftStandardValueTypeEnum; break;
+    case Kind::TypeVal: type = ZOLDftStandardValueTypeTypedEntry; break;
+    default: break;
+  }
   *oType = type;
   if (type == ZOLDftStandardValueTypeUnknown) {
     ZOLAssertBool("Unknown standard value type!");
