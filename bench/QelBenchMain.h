@@ -96,7 +96,7 @@ inline Spread SpreadOf(std::vector<double> v) {
 }
 
 struct Options {
-  int pairs = 21;
+  int pairs = 31;
   /// CPU time of a batch: long enough that the clock's resolution is lost in it, short enough to fit
   /// in one time slice of a busy machine, so that most batches run unpreempted.
   double batchMs = 2.0;

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "QelBenchMain.h"
@@ -369,6 +370,16 @@ qelbench::Plan MakePlan() {
   plan.figures.push_back({"cold-key read, ISO (" + std::to_string(keys.size()) + " keys)",
                           qelbench::Loop("cold", [&keys] { benchmark::DoNotOptimize(ReadAll(Iso(), keys)); },
                                          static_cast<double>(keys.size()))});
+  // No target: it shows how fast this machine runs a hot hash lookup right now. When the hot reads
+  // miss and this one is slow alike, the core was shared (the CPU clock cannot tell).
+  static const std::unordered_map<std::string, int> reference = [&keys] {
+    std::unordered_map<std::string, int> map;
+    for (const ColdKey& k : keys) map.emplace(k.path + "." + std::to_string(k.index), k.index);
+    return map;
+  }();
+  static const std::string referenceKey = std::string(kHotInt) + ".1";
+  plan.figures.push_back({"reference: std::unordered_map hit",
+                          qelbench::Loop("reference", [] { benchmark::DoNotOptimize(reference.find(referenceKey)->second); })});
   plan.report = [](FILE* out) {
     for (const char* name : kStandards) {
       const double perByte = static_cast<double>(KeptHeapBytes(name)) / Text(name).GetLengthInChar();
