@@ -175,7 +175,8 @@ inline std::string Duration(double ns) {
 
 inline void PrintSpread(FILE* out, const char* kind, const std::string& label, Spread s, const char* unit, double target,
                         int samples, const char* over) {
-  std::fprintf(out, "%-6s %-40s %9.3f%s  (min %.3f, max %.3f over %d %s)", kind, label.c_str(), s.median, unit, s.min,
+  // Four significant digits: a ratio of 0.008 needs them as much as one of 18.
+  std::fprintf(out, "%-6s %-40s %#9.4g%s  (min %#.4g, max %#.4g over %d %s)", kind, label.c_str(), s.median, unit, s.min,
                s.max, samples, over);
   if (target > 0) std::fprintf(out, "  (target <= %g%s: %s)", target, unit, s.median <= target ? "met" : "MISSED");
   std::fputc('\n', out);

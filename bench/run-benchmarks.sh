@@ -2,6 +2,8 @@
 # Runs every benchmark of a build folder; each prints its Google Benchmark table (the CPU column is
 # the figure; wall time on a shared machine is mostly other people's work), then its ratios and
 # target figures from interleaved pairs of timed batches, with min, median and max over the pairs.
+# Further arguments go to every benchmark: Google Benchmark's flags, and --pairs=N, --batch_ms=X,
+# --pause_ms=X for the pairs (see bench/QelBenchMain.h).
 set -euo pipefail
 build=${1:?usage: run-benchmarks.sh BUILD_FOLDER [benchmark flags...]}
 shift

@@ -383,7 +383,7 @@ qelbench::Plan MakePlan() {
   plan.report = [](FILE* out) {
     for (const char* name : kStandards) {
       const double perByte = static_cast<double>(KeptHeapBytes(name)) / Text(name).GetLengthInChar();
-      std::fprintf(out, "memory %-40s %9.3f  (target <= 4: %s)\n", (std::string("heap bytes per text byte, ") + name).c_str(),
+      std::fprintf(out, "memory %-40s %#9.4g  (target <= 4: %s)\n", (std::string("heap bytes per text byte, ") + name).c_str(),
                    perByte, perByte <= 4 ? "met" : "MISSED");
     }
   };
