@@ -313,18 +313,20 @@ TEST(ListByParent, AnsiIsLeftOutAndEachParentGoesToItsList) {
   EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(OrientationNames, NamesAndValuesBothWays) {
-  ZOLFormatOrientationsType value = LandscapeByDefault;
-  EXPECT_EQ(ZOLDftStandardServices::GetEnumFromName("PortraitOnly", value), S_OK);
-  EXPECT_EQ(value, PortraitOnly);
+TEST(OrientationNames, NamesAndValuesBothWaysAndUnknownsLeaveTheOutput) {
+  for (auto [name, value] : {std::pair("LandscapeByDefault", LandscapeByDefault), {"PortraitOnly", PortraitOnly}, {"LandscapeOnly", LandscapeOnly}}) {
+    ZOLFormatOrientationsType got = PortraitByDefault;
+    EXPECT_EQ(ZOLDftStandardServices::GetEnumFromName(name, got), S_OK);
+    EXPECT_EQ(got, value);
+    ZOLUnicodeString back;
+    EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(value, back), S_OK);
+    EXPECT_EQ(back.str(), name);
+  }
+  ZOLFormatOrientationsType value = PortraitOnly;
   EXPECT_EQ(ZOLDftStandardServices::GetEnumFromName("portraitonly", value), E_FAIL);
-  EXPECT_EQ(value, PortraitOnly) << "an unknown name leaves the value";
+  EXPECT_EQ(value, PortraitOnly);
   ZOLUnicodeString name("unchanged");
-  EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(LandscapeByDefault, name), S_OK);
-  EXPECT_EQ(name.str(), "LandscapeByDefault");
-  EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(LandscapeOnly, name), S_OK);
-  EXPECT_EQ(name.str(), "LandscapeOnly");
   EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(static_cast<ZOLFormatOrientationsType>(4), name), E_FAIL);
   EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(static_cast<ZOLFormatOrientationsType>(-1), name), E_FAIL);
-  EXPECT_EQ(name.str(), "LandscapeOnly");
+  EXPECT_EQ(name.str(), "unchanged");
 }
