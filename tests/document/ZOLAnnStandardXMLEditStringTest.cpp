@@ -1,7 +1,6 @@
 // The edit-string language of the parser: cutting, start words, positions, types and forms.
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <string>
 
 #include "DocumentTestHelpers.h"
@@ -41,6 +40,9 @@ TEST_F(EditString, UnknownStartWordOrNoColonReturnsOneAndChangesNothing) {
   EXPECT_EQ(doc.AddNodeWithPath("", 0), 1);
   EXPECT_EQ(doc.AddValueWithPath("Styles.Sheet:Scale:float:1.0", 1), 1);
   EXPECT_EQ(doc.AddValueWithPath("Root", 1), 1);
+  EXPECT_EQ(doc.AddValueWithPath("Root.Missing:Flag:bool:true", 1), 1);  // an unknown place: no type report
+  EXPECT_EQ(doc.AddValueWithPath("Root.Missing.Deeper:Flag:int:1", 1), 1);
+  EXPECT_EQ(doc.AddValueWithPath("Enum.Missing::string:x", 1), 1);
   EXPECT_EQ(doc.ChangeValueWithPath("Root.Version"), 1);
   EXPECT_EQ(doc.ChangeValueWithPath("Foo.Version:3"), 1);
   EXPECT_EQ(doc.DeleteNodeWithPath("Foo.Version"), 1);
@@ -169,23 +171,13 @@ TEST_F(EditString, UnknownTypeWithoutDotIsReportedAndStoredAsString) {
   Plain(doc, {"Root:S"});
   EXPECT_EQ(doc.AddValueWithPath("Root.S:Flag:bool:true", 1), 0);
   EXPECT_EQ(Describe(At(doc, "Root.S.Flag")), "3//true/0");
-  ASSERT_EQ(r.Count(), 1);
-  EXPECT_TRUE(std::regex_match(
-      r.Lines()[0],
-      std::regex(R"(>> ASSERTION FAILED : Failed to find value type, str has been  \[File: ZOLAnnStandardXMLParser\.cpp:[ 0-9]{4}\]\.<<\n)")))
-      << r.Lines()[0];
+  EXPECT_EQ(r.CountContaining(">> ASSERTION FAILED : Failed to find value type, str has been  [File: ZOLAnnStandardXMLParser.cpp:"), 1);
+  EXPECT_EQ(r.Count(), 1);
   // The type is read before the position: the report comes even when the position then fails.
   r.Clear();
   EXPECT_EQ(doc.AddValueWithPath("Root.S:Flag2:bool:true:x", 1), 2);
   EXPECT_EQ(Names(At(doc, "Root.S")), "Flag");
   reports = 1;
-}
-
-TEST_F(EditString, AddValueOnAnUnknownPlaceReturnsOneWithoutReport) {
-  Plain(doc, {"Root:S"});
-  EXPECT_EQ(doc.AddValueWithPath("Root.Missing:Flag:bool:true", 1), 1);
-  EXPECT_EQ(doc.AddValueWithPath("Root.S.Missing:Flag:int:1", 1), 1);
-  EXPECT_EQ(doc.AddValueWithPath("Enum.Missing::string:x", 1), 1);
 }
 
 TEST_F(EditString, ParameterFormOnlyUnderRootOnNonRecordsWithoutOccurrenceMinusOne) {
