@@ -139,41 +139,18 @@ class EditTable : public DriverTest {};
 
 }  // namespace
 
-TEST_F(ParentStandard, AnsiWithDatumModeOneIsAsmeAndTwoStaysAnsi) {
-  Decoded asme(name, WithParent("ANSI", "1"));
-  EXPECT_EQ(asme.GetParentStandard().str(), "ASME");
-  Decoded ansi(name, WithParent("ANSI", "2"));
-  EXPECT_EQ(ansi.GetParentStandard().str(), "ANSI");
-  EXPECT_EQ(asme.GetParentStandardId(), ZOLDrwParseStandard::ASME);
-  EXPECT_EQ(ansi.GetParentStandardId(), ZOLDrwParseStandard::ANSI);
-}
-
-TEST_F(ParentStandard, AnsiWithOtherDatumModeStaysAnsiAfterOneReport) {
-  Decoded d(name, WithParent("ANSI", "0"));
-  EXPECT_EQ(d.GetParentStandard().str(), "ANSI");
-  EXPECT_EQ(r.CountContaining("Invalid TXTDatumMode"), 1);
-  reports = 1;
-}
-
-TEST_F(ParentStandard, DatumModeIsReadOnlyForAnsi) {
-  Decoded d(name, WithParent("JIS", "1"));
-  EXPECT_EQ(d.GetParentStandard().str(), "JIS");
-  EXPECT_EQ(d.GetParentStandardId(), ZOLDrwParseStandard::JIS);
-}
-
-TEST_F(ParentStandard, MissingNodeGivesEmptyParentNotIso) {
-  std::vector<std::string> lines = {"N Root:Dimension"};
-  lines.insert(lines.end(), std::begin(kStyles), std::end(kStyles));
-  Decoded d(name, lines);
-  EXPECT_EQ(d.GetParentStandard().str(), "");
-  EXPECT_EQ(r.Count(), 0);
-  EXPECT_EQ(d.GetParentStandardId(), 0);
-  EXPECT_EQ(r.CountContaining("Unknown parent standard!!"), 1);
-  r.Clear();
-  // Even a mask of every parent cannot apply to an unknown one.
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 0);
-  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
-  reports = 1;
+// Each case: parent, datum mode, the parent read, its id, and the reports.
+TEST_F(ParentStandard, AnsiIsAsmeOrAnsiByItsDatumModeWhichNoOtherParentReads) {
+  for (auto [parent, mode, read, id, count] :
+       {std::tuple("ANSI", "1", "ASME", int(ZOLDrwParseStandard::ASME), 0), {"ANSI", "2", "ANSI", int(ZOLDrwParseStandard::ANSI), 0},
+        {"ANSI", "0", "ANSI", int(ZOLDrwParseStandard::ANSI), 1}, {"JIS", "1", "JIS", int(ZOLDrwParseStandard::JIS), 0}}) {
+    r.Clear();
+    Decoded d(name, WithParent(parent, mode));
+    EXPECT_EQ(d.GetParentStandard().str(), read) << parent << mode;
+    EXPECT_EQ(r.CountContaining("Invalid TXTDatumMode"), count) << parent << mode;
+    EXPECT_EQ(r.Count(), count) << parent << mode;
+    EXPECT_EQ(d.GetParentStandardId(), id) << parent << mode;
+  }
 }
 
 TEST_F(Decode, EmptyFileNameDecodesNothingAndEncodeWritesNothing) {
@@ -218,19 +195,13 @@ TEST_F(CreateOutput, NameOfTheInputCutAtFirstXmlInTheGivenDirectoryWithBackslash
   EXPECT_EQ(out.str(), ".\\Company.xml");
 }
 
+// Each case: start level, target (-1 the current) and the stages that ran; a target equal to the
+// start, or a start at or past the last stage, runs nothing.
 TEST_F(UpgradeWalk, TargetStopsTheChainAtItsLevel) {
-  EXPECT_EQ(Walk(100, 140), Range(11, 14));
-  EXPECT_EQ(Walk(100, 145), Range(11, 14));
-  EXPECT_EQ(Walk(1, -1), Range(2, 29));
-  EXPECT_EQ(Walk(30, 60), Range(4, 6));
-}
-
-TEST_F(UpgradeWalk, StartLevelsThatRunNothing) {
-  EXPECT_EQ(Walk(150, 140), std::vector<int>{});
-  EXPECT_EQ(Walk(140, 140), std::vector<int>{}) << "a target equal to the start runs nothing";
-  EXPECT_EQ(Walk(281, -1), std::vector<int>{});
-  EXPECT_EQ(Walk(290, -1), std::vector<int>{});
-  EXPECT_EQ(Walk(280, -1), std::vector<int>{29});
+  for (auto [start, target, ran] : {std::tuple(100, 140, Range(11, 14)), {100, 145, Range(11, 14)}, {1, -1, Range(2, 29)},
+                                    {30, 60, Range(4, 6)}, {150, 140, {}}, {140, 140, {}}, {281, -1, {}}, {290, -1, {}},
+                                    {280, -1, {29}}})
+    EXPECT_EQ(Walk(start, target), ran) << start << " to " << target;
 }
 
 TEST_F(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) {
@@ -306,47 +277,48 @@ TEST_F(UpgradeWalk, ShippedChainListsEveryStageInOrder) {
   EXPECT_EQ(stages.back().to, ZOLDrwParseStandard::GetCurrentVersion());
 }
 
-TEST_F(ChangeStyleValue, ChangesEveryStyleWhenAllHoldTheOldValue) {
-  Decoded d(name, StylesWithParent("JIS"));
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 12, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
-  for (const char* s : {"Default", "Custom", "Last"})
-    EXPECT_EQ(Text(d.Parser(), (std::string("Root.Styles.Text.") + s + ".Font").c_str()), "Mono") << s;
-}
-
-TEST_F(ChangeStyleValue, StopsAtTheFirstStyleThatDiffers) {
-  Decoded d(name, StylesWithParent("ISO"));
-  ASSERT_EQ(d.Parser()->ChangeValueWithPath("Root.Styles.Text.Custom.Font:Courier"), 0);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 0);
-  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Mono") << "styles before it stay changed";
-  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Custom.Font"), "Courier");
-  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Last.Font"), "Arial") << "styles after it are not reached";
-  reports = 1;
-}
-
-TEST_F(ChangeStyleValue, ValueOfAnotherTypeStopsTheChange) {
-  Decoded d(name, StylesWithParent("ISO"));
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::EnumValue, "Arial", "Mono"), 0);
-  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
-  reports = 1;
-}
-
-TEST_F(ChangeStyleValue, MaskWithoutTheParentSucceedsWithoutLookingAtTheTree) {
-  Decoded d(name, StylesWithParent("JIS"));
-  EXPECT_EQ(d.ChangeStyleValue("Root.No.Such.Family", "Font", 7, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 3, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
-  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
-}
-
-TEST_F(ChangeStyleValue, MissingFamilyEmptyFamilyAndBadArgumentsGiveZero) {
-  std::vector<std::string> lines = StylesWithParent("ISO");
-  lines.push_back("N Root.Styles:Empty");
-  Decoded d(name, lines);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.None", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Empty", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 0, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, nullptr, "b"), 0);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Size", 15, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
-  reports = 5;
+// A change runs over the styles in order and stops at the first that differs, leaving those
+// before it changed; a mask without the parent succeeds without looking at the tree; a missing
+// or empty family, an empty mask or a missing property or old value give zero with a report.
+TEST_F(ChangeStyleValue, ChangesTheStylesInOrderUntilOneDiffers) {
+  using V = ZOLAnnStandardXMLValue;
+  struct Row {
+    const char *parent, *customFont, *family, *property;
+    int mask;
+    V::Type type;
+    const char *from, *to;
+    int result;
+    const char* fonts;  // Default, Custom and Last afterwards
+    int reports;
+  };
+  const Row rows[] = {
+      {"JIS", nullptr, "Root.Styles.Text", "Font", 12, V::StringValue, "Arial", "Mono", 1, "Mono,Mono,Mono", 0},
+      {"ISO", "Courier", "Root.Styles.Text", "Font", 15, V::StringValue, "Arial", "Mono", 0, "Mono,Courier,Arial", 1},
+      {"ISO", nullptr, "Root.Styles.Text", "Font", 15, V::EnumValue, "Arial", "Mono", 0, "Arial,Arial,Arial", 1},
+      {"JIS", nullptr, "Root.No.Such.Family", "Font", 7, V::StringValue, "Arial", "Mono", 1, "Arial,Arial,Arial", 0},
+      {"JIS", nullptr, "Root.Styles.Text", "Font", 3, V::StringValue, "Arial", "Mono", 1, "Arial,Arial,Arial", 0},
+      {"ISO", nullptr, "Root.Styles.None", "Font", 15, V::StringValue, "a", "b", 0, "Arial,Arial,Arial", 1},
+      {"ISO", nullptr, "Root.Styles.Empty", "Font", 15, V::StringValue, "a", "b", 0, "Arial,Arial,Arial", 1},
+      {"ISO", nullptr, "Root.Styles.Text", "Font", 0, V::StringValue, "a", "b", 0, "Arial,Arial,Arial", 1},
+      {"ISO", nullptr, "Root.Styles.Text", "Font", 15, V::StringValue, nullptr, "b", 0, "Arial,Arial,Arial", 1},
+      {"ISO", nullptr, "Root.Styles.Text", "Size", 15, V::StringValue, "a", "b", 0, "Arial,Arial,Arial", 1},
+  };
+  for (const Row& row : rows) {
+    r.Clear();
+    std::vector<std::string> lines = StylesWithParent(row.parent);
+    lines.push_back("N Root.Styles:Empty");
+    Decoded d(name, lines);
+    if (row.customFont) {
+      ASSERT_EQ(d.Parser()->ChangeValueWithPath(std::string("Root.Styles.Text.Custom.Font:") + row.customFont), 0);
+    }
+    std::string what = std::string(row.parent) + " " + row.family + " " + row.property + " " + std::to_string(row.mask);
+    EXPECT_EQ(d.ChangeStyleValue(row.family, row.property, row.mask, row.type, row.from, row.to), row.result) << what;
+    EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font") + "," + Text(d.Parser(), "Root.Styles.Text.Custom.Font") + "," +
+                  Text(d.Parser(), "Root.Styles.Text.Last.Font"),
+              row.fonts) << what;
+    EXPECT_EQ(r.Count(), row.reports) << what;
+  }
+  r.Clear();
 }
 
 TEST(OutputLine, AddSkipsEmptyAndNullPartsAndEndsTheLineOnRequest) {
@@ -375,14 +347,9 @@ TEST(OutputLine, InsertOnlyWithinTheTextAndOnlyWhatIsNotEmpty) {
   EXPECT_EQ(out.str(), ">\nabcde\n") << "a line end alone is not empty";
 }
 
-TEST(UpgradeOptions, OneWordWhoseCopyCarriesTheBit) {
+TEST(UpgradeOptions, OneWordWithTheBitClear) {
   static_assert(sizeof(ZOLDrwParseStandardUpgradeOptions) == 4);
-  ZOLDrwParseStandardUpgradeOptions options;
-  EXPECT_EQ(options.UpdateDefaultValues, 0u);
-  options.UpdateDefaultValues = 1;
-  ZOLDrwParseStandardUpgradeOptions copy;
-  copy = options;
-  EXPECT_EQ(copy.UpdateDefaultValues, 1u);
+  EXPECT_EQ(ZOLDrwParseStandardUpgradeOptions().UpdateDefaultValues, 0u);
 }
 
 TEST(UpdateVersionNode, MovesOnlyTheExpectedIntegerVersion) {
