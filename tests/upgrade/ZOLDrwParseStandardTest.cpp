@@ -1,11 +1,8 @@
 // The upgrade driver: parent and level, output path, the walk over the stages, style changes, output lines.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <string>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -13,32 +10,17 @@
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDrwParseStandard.h"
 #include "ZOLRefCounted.h"
+#include "ZOLEditLines.h"
+#include "ZOLScratch.h"
 #include "ZOLReportCountTest.h"
 #include "upgrade/migration/ZOLDrwMigration.h"
 
 namespace {
 
-// Builds the tree through edit lines: "N path:name" plain node, "T path:name" typed entry,
-// "V path:name:type:value" value (occurrence 1), "L path:..." value on the last sub-node (-1).
-void Build(ZOLAnnStandardXMLParser& p, const std::vector<std::string>& lines) {
-  for (const std::string& line : lines) {
-    std::string edit = line.substr(2);
-    int rc = 0;
-    switch (line[0]) {
-      case 'N': rc = p.AddNodeWithPath(edit, 0); break;
-      case 'T': rc = p.AddNodeWithPath(edit, 1); break;
-      case 'V': rc = p.AddValueWithPath(edit, 1); break;
-      case 'L': rc = p.AddValueWithPath(edit, -1); break;
-    }
-    ASSERT_EQ(rc, 0) << line;
-  }
-}
-
 // A driver whose tree comes from edit lines and whose chain may be the test's own.
 class Driver : public ZOLDrwParseStandard {
 public:
-  Driver(ZOLUnicodeString& name, std::vector<std::string> lines, const ZOLDrwMigrationStage* stages = nullptr,
-         int count = 0)
+  Driver(ZOLUnicodeString& name, std::vector<std::string> lines, const ZOLDrwMigrationStage* stages = nullptr, int count = 0)
       : ZOLDrwParseStandard(name, stages ? stages : ZOLDrwShippedStages().data(),
                             stages ? count : static_cast<int>(ZOLDrwShippedStages().size())),
         _lines(std::move(lines)) {}
@@ -46,16 +28,24 @@ public:
       : Driver(name, std::move(lines), chain.data(), static_cast<int>(chain.size())) {}
 
   int DecodeTree(ZOLAnnStandardXMLParser& parser) override {
-    Build(parser, _lines);
+    ZOLEditLines(parser, _lines);
     return 0;
   }
   void SetStartLevel(int level) { _Version = level; }
+  // Upgrades from a start level to a target (-1 the current), with or without default values.
+  void Upgrade(int start, int target, bool updateDefaults = false) {
+    _Version = start;
+    ZOLDrwParseStandardUpgradeOptions options;
+    options.UpdateDefaultValues = updateDefaults;
+    UpgradeVersion(target, options);
+  }
   ZOLAnnStandardXMLParser* Parser() { return _Parser; }
+  // The text of the first value at a path.
+  std::string Text(const char* path) { return _Parser->GetValueWithPath(path).str(); }
 
   using ZOLDrwParseStandard::ChangeStyleValue;
   using ZOLDrwParseStandard::CreateOutput;
   using ZOLDrwParseStandard::GetParentStandardId;
-  using ZOLDrwParseStandard::UpgradeVersion;
 
 private:
   std::vector<std::string> _lines;
@@ -96,38 +86,30 @@ std::vector<int> Range(int first, int last) {
   return v;
 }
 
-// Runs a recording chain over a decoded tree of parent ISO from start to target.
-std::vector<int> Walk(int start, int target, std::vector<ZOLDrwMigrationStage> chain = RecordingChain()) {
-  ZOLUnicodeString name("walk.xml");
-  Decoded d(name, WithParent("ISO"), chain);
-  d.SetStartLevel(start);
-  g_ran.clear();
-  ZOLDrwParseStandardUpgradeOptions options;
-  d.UpgradeVersion(target, options);
-  return g_ran;
-}
-
-const char* kStyles[] = {
-    "N Root:Styles",
-    "N Root.Styles:Text",
-    "N Root.Styles.Text:Default",
-    "V Root.Styles.Text.Default:Font:string:Arial",
-    "N Root.Styles.Text:Custom",
-    "V Root.Styles.Text.Custom:Font:string:Arial",
-    "N Root.Styles.Text:Last",
-    "V Root.Styles.Text.Last:Font:string:Arial",
-};
-
+// Three text styles, each with the font Arial, after the parent.
 std::vector<std::string> StylesWithParent(const char* parent) {
   std::vector<std::string> lines = WithParent(parent);
-  lines.insert(lines.end(), std::begin(kStyles), std::end(kStyles));
+  lines.insert(lines.end(), {"N Root:Styles", "N Root.Styles:Text"});
+  for (std::string style : {"Default", "Custom", "Last"})
+    lines.insert(lines.end(), {"N Root.Styles.Text:" + style, "V Root.Styles.Text." + style + ":Font:string:Arial"});
   return lines;
 }
 
-std::string Text(ZOLAnnStandardXMLParser* p, const char* path) { return p->GetValueWithPath(path).str(); }
+// The font of each text style, joined by ",".
+std::string Fonts(Driver& d) {
+  return d.Text("Root.Styles.Text.Default.Font") + "," + d.Text("Root.Styles.Text.Custom.Font") + "," +
+         d.Text("Root.Styles.Text.Last.Font");
+}
 
 class DriverTest : public ZOLReportCountTest {
 protected:
+  // Runs a recording chain over a decoded tree of parent ISO from start to target: the stages that ran.
+  std::vector<int> Walk(int start, int target, std::vector<ZOLDrwMigrationStage> chain = RecordingChain()) {
+    Decoded d(name, WithParent("ISO"), chain);
+    g_ran.clear();
+    d.Upgrade(start, target);
+    return g_ran;
+  }
   ZOLUnicodeString name{"std.xml"};
 };
 class ParentStandard : public DriverTest {};
@@ -153,26 +135,36 @@ TEST_F(ParentStandard, AnsiIsAsmeOrAnsiByItsDatumModeWhichNoOtherParentReads) {
   }
 }
 
-TEST_F(Decode, EmptyFileNameDecodesNothingAndEncodeWritesNothing) {
-  ZOLUnicodeString empty;
+TEST_F(ParentStandard, MissingNodeGivesEmptyParentNotIsoToWhichNoMaskApplies) {
+  std::vector<std::string> lines = StylesWithParent("");
+  lines.erase(lines.begin() + 1);  // no ParentStandard node
+  Decoded d(name, lines);
+  EXPECT_EQ(d.GetParentStandard().str(), "");
+  EXPECT_EQ(r.Count(), 0);
+  EXPECT_EQ(d.GetParentStandardId(), 0);
+  EXPECT_EQ(r.CountContaining("Unknown parent standard!!"), 1);
+  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 0);
+  EXPECT_EQ(Fonts(d), "Arial,Arial,Arial");
+  reports = 2;
+}
+
+// An empty file name decodes nothing and encodes nothing; a missing file gives an empty tree,
+// which has no Annotation node and so dates as release 9.
+TEST_F(Decode, EmptyFileNameDecodesNothingAndAMissingFileAnEmptyTree) {
+  ZOLUnicodeString empty, missing("/nonexistent-dir/none.xml");
+  for (auto [file, version] : {std::pair(&empty, 0), {&missing, 1}}) {
+    ZOLDrwParseStandard d(*file);
+    d.Decode();
+    EXPECT_EQ(d.GetVersion(), version) << file->str();
+    EXPECT_EQ(d.GetParentStandard().str(), "") << file->str();
+  }
   ZOLDrwParseStandard d(empty);
   d.Decode();
-  EXPECT_EQ(d.GetVersion(), 0);
-  EXPECT_EQ(d.GetParentStandard().str(), "");
   ZOLUnicodeString out("previous");
   ZOLDrwParseStandardUpgradeOptions options;
   d.Encode("/nonexistent-dir", out, options);
   EXPECT_EQ(out.str(), "");
   EXPECT_FALSE(d.GetOutcome().saved);
-}
-
-TEST_F(Decode, MissingFileGivesAnEmptyTreeOfReleaseNine) {
-  ZOLUnicodeString name("/nonexistent-dir/none.xml");
-  ZOLDrwParseStandard d(name);
-  d.Decode();
-  // An empty tree has no Annotation node: it dates as release 9.
-  EXPECT_EQ(d.GetVersion(), 1);
-  EXPECT_EQ(d.GetParentStandard().str(), "");
 }
 
 TEST_F(Decode, SecondDecodeChangesNothing) {
@@ -209,10 +201,8 @@ TEST_F(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) 
     r.Clear();
     std::vector<ZOLDrwMigrationStage> chain = RecordingChain();
     Decoded d(name, WithParent("ISO"), chain);
-    d.SetStartLevel(start);
     g_ran.clear();
-    ZOLDrwParseStandardUpgradeOptions options;
-    d.UpgradeVersion(-1, options);
+    d.Upgrade(start, -1);
     EXPECT_EQ(g_ran, std::vector<int>{}) << start;
     EXPECT_TRUE(d.GetOutcome().stoppedByGuard);
     EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
@@ -221,41 +211,33 @@ TEST_F(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) 
   reports = 1;
 }
 
-TEST_F(UpgradeWalk, UnbuiltStageStopsThePassAndIsReported) {
+TEST_F(UpgradeWalk, UnbuiltStageStopsThePassAndIsReportedButNotBeyondTheTarget) {
   std::vector<ZOLDrwMigrationStage> chain = RecordingChain();
   chain[12].step = nullptr;  // stage 13, 120 to 130
   Decoded d(name, WithParent("ISO"), chain);
-  d.SetStartLevel(100);
   g_ran.clear();
-  ZOLDrwParseStandardUpgradeOptions options;
-  d.UpgradeVersion(-1, options);
+  d.Upgrade(100, -1);
   EXPECT_EQ(g_ran, (std::vector<int>{11, 12}));
   const ZOLDrwParseStandard::Outcome& o = d.GetOutcome();
-  EXPECT_EQ(o.stagesRun, 2);
-  EXPECT_EQ(o.levelReached, 120);
-  EXPECT_EQ(o.blockedStage, 13);
-  EXPECT_EQ(o.blockedFrom, 120);
-  EXPECT_EQ(o.blockedTo, 130);
+  EXPECT_EQ(std::tuple(o.stagesRun, o.levelReached, o.blockedStage, o.blockedFrom, o.blockedTo), std::tuple(2, 120, 13, 120, 130));
   EXPECT_STREQ(o.blockedStep, "Migrate209To21n210");
   EXPECT_EQ(r.CountContaining("not built yet"), 1);
   EXPECT_EQ(r.Count(), 1);
-  // An unbuilt stage beyond the target is not reached and stops nothing.
   g_ran.clear();
   r.Clear();
-  d.UpgradeVersion(120, options);
+  d.Upgrade(100, 120);
   EXPECT_EQ(g_ran, (std::vector<int>{11, 12}));
   EXPECT_EQ(d.GetOutcome().blockedStage, 0);
 }
 
 TEST_F(UpgradeWalk, BlockedUpgradeWritesNoFile) {
-  std::string out = std::filesystem::temp_directory_path() / ("qelstd-blocked-" + std::to_string(getpid()) + ".xml");
-  std::filesystem::remove(out);
-  ZOLUnicodeString name("/somewhere/std.xml");
-  Decoded d(name, WithParent("ISO", nullptr));
+  qeltest::ScratchDir dir;
+  ZOLUnicodeString input("/somewhere/std.xml");
+  Decoded d(input, WithParent("ISO"));
   d.SetStartLevel(150);
   ZOLDrwParseStandardUpgradeOptions options;
-  d.EncodeToVersion(-1, options, out.c_str());
-  EXPECT_FALSE(std::filesystem::exists(out));
+  d.EncodeToVersion(-1, options, (dir / "std.xml").c_str());
+  EXPECT_FALSE(std::filesystem::exists(dir / "std.xml"));
   EXPECT_FALSE(d.GetOutcome().saved);
   EXPECT_EQ(d.GetOutcome().blockedFrom, 150);
   EXPECT_EQ(r.CountContaining("not built yet"), 1);
@@ -313,9 +295,7 @@ TEST_F(ChangeStyleValue, ChangesTheStylesInOrderUntilOneDiffers) {
     }
     std::string what = std::string(row.parent) + " " + row.family + " " + row.property + " " + std::to_string(row.mask);
     EXPECT_EQ(d.ChangeStyleValue(row.family, row.property, row.mask, row.type, row.from, row.to), row.result) << what;
-    EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font") + "," + Text(d.Parser(), "Root.Styles.Text.Custom.Font") + "," +
-                  Text(d.Parser(), "Root.Styles.Text.Last.Font"),
-              row.fonts) << what;
+    EXPECT_EQ(Fonts(d), row.fonts) << what;
     EXPECT_EQ(r.Count(), row.reports) << what;
   }
   r.Clear();
@@ -354,21 +334,19 @@ TEST(UpgradeOptions, OneWordWithTheBitClear) {
 
 TEST(UpdateVersionNode, MovesOnlyTheExpectedIntegerVersion) {
   ZOLTestReports r;
-  ZOLAnnStandardXMLParser p;
-  Build(p, {"V Root:Version:int:150"});
+  ZOLAnnStandardXMLParser p, undated, text;
+  ZOLEditLines(p, {"V Root:Version:int:150"});
+  ZOLEditLines(text, {"V Root:Version:string:150"});
   UpdateVersionNode(&p, "140", "160");
-  EXPECT_EQ(Text(&p, "Root.Version"), "150");
+  EXPECT_EQ(p.GetValueWithPath("Root.Version"), "150");
   EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
   UpdateVersionNode(&p, "150", "160");
-  EXPECT_EQ(Text(&p, "Root.Version"), "160");
+  EXPECT_EQ(p.GetValueWithPath("Root.Version"), "160");
   EXPECT_EQ(r.Count(), 1);
-  ZOLAnnStandardXMLParser undated;
   UpdateVersionNode(&undated, "100", "110");
   EXPECT_EQ(r.CountContaining("ON POINTER"), 1);
-  ZOLAnnStandardXMLParser text;
-  Build(text, {"V Root:Version:string:150"});
   UpdateVersionNode(&text, "150", "160");
-  EXPECT_EQ(Text(&text, "Root.Version"), "150");
+  EXPECT_EQ(text.GetValueWithPath("Root.Version"), "150");
   EXPECT_EQ(r.Count(), 3);
 }
 
@@ -390,23 +368,19 @@ TEST_F(EditTable, LinesRunUnderTheirParentMaskAndOptionCondition) {
   const ZOLDrwMigrationStage chain[] = {{100, 110, ZOLDrwMigrationStage::EditsTree, "TableStep", &TableStep}};
   for (bool update : {false, true}) {
     Decoded d(name, StylesWithParent("ASME"), chain, 1);
-    d.SetStartLevel(100);
-    ZOLDrwParseStandardUpgradeOptions options;
-    options.UpdateDefaultValues = update;
-    d.UpgradeVersion(-1, options);
+    d.Upgrade(100, -1, update);
     EXPECT_EQ(d.GetOutcome().stagesRun, 1);
     for (const char* s : {"Default", "Custom", "Last"})
-      EXPECT_EQ(Text(d.Parser(), (std::string("Root.Styles.Text.") + s + ".Blanking").c_str()), "Yes") << s;
-    EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "AnsiFont");
-    EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Last.Color"), update ? "7" : "");
-    ZOLRef<ZOLAnnStandardXMLNode> frames = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(d.Parser()->GetNodeWithPath("Root.Frames"));
-    EXPECT_TRUE(frames);
+      EXPECT_EQ(d.Text((std::string("Root.Styles.Text.") + s + ".Blanking").c_str()), "Yes") << s;
+    EXPECT_EQ(d.Text("Root.Styles.Text.Default.Font"), "AnsiFont");
+    EXPECT_EQ(d.Text("Root.Styles.Text.Last.Color"), update ? "7" : "");
+    EXPECT_TRUE(ZOLRef<ZOLAnnStandardXMLNode>::Adopt(d.Parser()->GetNodeWithPath("Root.Frames")));
   }
 }
 
 TEST_F(EditTable, StyleLineOnAFamilyWithoutStylesChangesNothing) {
   ZOLAnnStandardXMLParser p;
-  Build(p, {"N Root:Styles", "N Root.Styles:Text"});
+  ZOLEditLines(p, {"N Root:Styles", "N Root.Styles:Text"});
   EXPECT_EQ(AddValueInAllStyles(&p, "Root.Styles.Text", ":Blanking:string:Yes", 1), E_FAIL);
   EXPECT_EQ(AddNodeInAllStyles(&p, "Root.Styles.None", ":Sub", 0), E_FAIL);
   ZOLRef<ZOLAnnStandardXMLNode> text = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(p.GetNodeWithPath("Root.Styles.Text"));
@@ -415,32 +389,24 @@ TEST_F(EditTable, StyleLineOnAFamilyWithoutStylesChangesNothing) {
 }
 
 TEST(Encode, CurrentStandardRunsNothingAndIsSavedUnderItsNameInTheDirectory) {
-  {
-    ZOLAnnStandardXMLParser probe;
-    if (probe.DecodeXML("<std:node xmlns:std=\"http://www.qelstandardinfra.org/std\" name=\"drafting\"/>", 0) != 0)
-      GTEST_SKIP() << "the XML codec of this build reads nothing yet";
-  }
-  std::string dir = std::filesystem::temp_directory_path() / ("qelstd-encode-" + std::to_string(getpid()));
-  std::filesystem::create_directories(dir);
-  std::string input = dir + "/Company.xml";
+  qeltest::ScratchDir dir;
   {
     ZOLAnnStandardXMLParser source;
-    Build(source, {"V Root:Version:int:290", "N Root:Dimension", "V Root.Dimension:ParentStandard:string:ISO"});
-    ASSERT_EQ(source.SaveInFile(ZOLUnicodeString(input)), S_OK);
+    ZOLEditLines(source, {"V Root:Version:int:290", "N Root:Dimension", "V Root.Dimension:ParentStandard:string:ISO"});
+    ASSERT_EQ(source.SaveInFile(ZOLUnicodeString(dir / "Company.xml")), S_OK);
   }
   ZOLTestReports r;
-  ZOLUnicodeString name(input);
+  ZOLUnicodeString name(dir / "Company.xml");
   ZOLDrwParseStandard d(name);
   d.Decode();
   EXPECT_EQ(d.GetVersion(), 290);
   EXPECT_EQ(d.GetParentStandard().str(), "ISO");
   ZOLUnicodeString out;
   ZOLDrwParseStandardUpgradeOptions options;
-  d.Encode((dir + "/out").c_str(), out, options);
-  EXPECT_EQ(out.str(), dir + "/out\\Company.xml");
+  d.Encode((dir / "out").c_str(), out, options);
+  EXPECT_EQ(out.str(), dir / "out\\Company.xml");
   EXPECT_EQ(d.GetOutcome().stagesRun, 0);
   EXPECT_TRUE(d.GetOutcome().saved);
   EXPECT_TRUE(std::filesystem::exists(out.str()));
   EXPECT_EQ(r.Count(), 0);
-  std::filesystem::remove_all(dir);
 }
