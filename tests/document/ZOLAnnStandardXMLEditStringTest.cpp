@@ -279,7 +279,8 @@ TEST_F(EditString, ChangeValueSetsTheSingleValueOrTheNamedField) {
   EXPECT_EQ(doc.ChangeValueWithPath("Root.Dimension.CUMLTxtDecalY:1:2"), 0);  // cut at the first ":" only
   EXPECT_EQ(doc.GetValueWithPath("Root.Dimension.CUMLTxtDecalY"), "1:2");
   EXPECT_EQ(doc.ChangeValueWithPath("Root.EngineeringSymbols.EngineeringSymbol:Charcode:42"), 0);
-  EXPECT_EQ(Describe(At(doc, "Root.EngineeringSymbols.EngineeringSymbol")), "1/Charcode/42/0;3/Font/Arial/0");
+  EXPECT_EQ(doc.ChangeValueWithPath("Root.EngineeringSymbols.EngineeringSymbol:Font:Times:Bold"), 0);  // the rest, colons included
+  EXPECT_EQ(Describe(At(doc, "Root.EngineeringSymbols.EngineeringSymbol")), "1/Charcode/42/0;3/Font/Times:Bold/0");
 }
 
 TEST_F(EditString, ChangeValueRefusalsStillReturnZero) {

@@ -174,25 +174,6 @@ TEST_F(Tree, DeleteSubNodeAndDeleteValue_HaveOppositeResults) {
   reports = 2;
 }
 
-TEST_F(Tree, ChangeValue_SingleValueTakesTheWholeTextAndSeveralValuesTheNamedField) {
-  NodeRef record = MakeNode("Symbol", Node::TypeValNode);
-  record->AddValue(MakeValue("40", "Charcode", Value::IntValue).get(), -1);
-  record->ChangeValue("Charcode:42");
-  EXPECT_EQ(Texts(record.get()), "Charcode:42");  // colons included
-  record->AddValue(MakeValue("Arial", "Font").get(), -1);
-  record->ChangeValue("Font:Times:Bold");
-  record->ChangeValue("no colon here");
-  EXPECT_EQ(Texts(record.get()), "Charcode:42,Times:Bold");
-  EXPECT_EQ(r.Count(), 0);
-  record->ChangeValue("Size:3");
-  EXPECT_EQ(r.CountContaining("ON POINTER "), 1);
-  // A node with sub-nodes is refused.
-  Fill(n.get(), {"a"}, {"1"})->ChangeValue("2");
-  EXPECT_EQ(Texts(record.get()) + " " + Texts(n.get()), "Charcode:42,Times:Bold 1");
-  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
-  reports = 2;
-}
-
 TEST_F(Tree, Clone_IsDeepAndSharesNothing) {
   NodeRef src = MakeNode("Sheet", Node::TypeValNode);
   src->AddValue(MakeValue("1.0", "0.0", Value::FloatValue, 1).get(), -1);
