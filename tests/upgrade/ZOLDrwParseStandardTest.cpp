@@ -354,8 +354,8 @@ namespace {
 
 const ZOLDrwEditOp kTestTable[] = {
     {ZOLDrwEditOp::AddValueInAllStyles, "Root.Styles.Text.*:Blanking:enum.YesNo:Yes:0"},
-    {ZOLDrwEditOp::ChangeValue, "Root.Styles.Text.Default.Font:IsoFont", 1, 12},
     {ZOLDrwEditOp::ChangeValue, "Root.Styles.Text.Default.Font:AnsiFont", 1, 3},
+    {ZOLDrwEditOp::ChangeValue, "Root.Styles.Text.Default.Font:IsoFont", 1, 12},  // last, so that running it shows
     {ZOLDrwEditOp::AddValue, "Root.Styles.Text.Last:Color:int:7", 1, 0, true},
     {ZOLDrwEditOp::AddNode, "Root:Frames"},
 };
