@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
-
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -18,6 +17,7 @@
 #include "ZOLAnnStandardXMLParser.h"
 #include "document/ZOLAnnStandardXMLParserDOMCodec.h"
 #include "ZOLDftStdNamespace.h"
+#include "ZOLEditLines.h"
 #include "ZOLReportCountTest.h"
 #include "ZOLScratch.h"
 
@@ -54,24 +54,16 @@ std::string DumpAll(const ZOLAnnStandardXMLParser& p) { return Dump(p.EnumRoot()
 
 // A standard of every kind of node and value, built by edit strings.
 void BuildSample(ZOLAnnStandardXMLParser& p) {
-  for (const char* e : {"Enum:YesNo", "Enum:FontStyle", "TypeDef:SheetFormatDef", "Root:General",
-                        "Root:Styles", "Root.Styles:Sheet", "Root.Styles.Sheet:Default"})
-    ASSERT_EQ(p.AddNodeWithPath(e, 0), 0) << e;
-  for (const char* e : {"Enum.YesNo::string:Yes", "Enum.YesNo::string:No", "Enum.FontStyle::string:Normal",
-                        "Enum.FontStyle::string:Bold", "TypeDef.SheetFormatDef:Name:string:A4 ISO",
-                        "TypeDef.SheetFormatDef:Width:float:210", "TypeDef.SheetFormatDef:Kind:enum.YesNo:Yes",
-                        "TypeDef.SheetFormatDef:Count:int:1"})
-    ASSERT_EQ(p.AddValueWithPath(e, 1), 0) << e;
-  for (const char* e : {"Root:Version:int:290:1", "Root.General:Blank:string: ", "Root.General:Empty:string:",
-                        "Root.General:Markup:string:<a & \"b\"> 'c' \xc3\xa9", "Root.General:Color:color:140 140 140",
-                        "Root.General:Bold:enum.YesNo:Yes", "Root.Styles.Sheet.Default:GlobalScale:float.m.0.0:1.0:0"})
-    ASSERT_EQ(p.AddValueWithPath(e, 1), 0) << e;
-  ASSERT_EQ(p.AddNodeWithPath("Root.General:Formats", 1), 0);
-  for (const char* e : {"Root.General.Formats:Name:string:A0 ISO", "Root.General.Formats:Width:float:1189",
-                        "Root.General.Formats:Style:enum.YesNo:No"})
-    ASSERT_EQ(p.AddValueWithPath(e, -1), 0) << e;
-  ASSERT_EQ(p.AddNodeWithPath("Root.General.Formats:Inner", 1), 0);
-  ASSERT_EQ(p.AddValueWithPath("Root.General.Formats.Inner:X:int:3", -1), 0);
+  ZOLEditLines(p, {"N Enum:YesNo", "N Enum:FontStyle", "N TypeDef:SheetFormatDef", "N Root:General", "N Root:Styles",
+                   "N Root.Styles:Sheet", "N Root.Styles.Sheet:Default", "V Enum.YesNo::string:Yes", "V Enum.YesNo::string:No",
+                   "V Enum.FontStyle::string:Normal", "V Enum.FontStyle::string:Bold", "V TypeDef.SheetFormatDef:Name:string:A4 ISO",
+                   "V TypeDef.SheetFormatDef:Width:float:210", "V TypeDef.SheetFormatDef:Kind:enum.YesNo:Yes",
+                   "V TypeDef.SheetFormatDef:Count:int:1", "V Root:Version:int:290:1", "V Root.General:Blank:string: ",
+                   "V Root.General:Empty:string:", "V Root.General:Markup:string:<a & \"b\"> 'c' \xc3\xa9",
+                   "V Root.General:Color:color:140 140 140", "V Root.General:Bold:enum.YesNo:Yes",
+                   "V Root.Styles.Sheet.Default:GlobalScale:float.m.0.0:1.0:0", "T Root.General:Formats",
+                   "L Root.General.Formats:Name:string:A0 ISO", "L Root.General.Formats:Width:float:1189",
+                   "L Root.General.Formats:Style:enum.YesNo:No", "T Root.General.Formats:Inner", "L Root.General.Formats.Inner:X:int:3"});
 }
 
 // Decodes text into a fresh parser; the parser's result (0 success).
