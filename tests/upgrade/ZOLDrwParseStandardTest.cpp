@@ -329,7 +329,8 @@ TEST(OutputLine, InsertOnlyWithinTheTextAndOnlyWhatIsNotEmpty) {
 
 TEST(UpgradeOptions, OneWordWithTheBitClear) {
   static_assert(sizeof(ZOLDrwParseStandardUpgradeOptions) == 4);
-  EXPECT_EQ(ZOLDrwParseStandardUpgradeOptions().UpdateDefaultValues, 0u);
+  ZOLDrwParseStandardUpgradeOptions options;  // default-initialised, as callers declare it
+  EXPECT_EQ(options.UpdateDefaultValues, 0u);
 }
 
 TEST(UpdateVersionNode, MovesOnlyTheExpectedIntegerVersion) {
