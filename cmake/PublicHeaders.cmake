@@ -62,10 +62,8 @@ endif()
 
 set(QELSTD_PUBLIC_HEADERS "")
 foreach(header ${QELSTD_PUBLIC_HEADER_NAMES})
-  if(EXISTS ${PROJECT_SOURCE_DIR}/${header})
-    list(APPEND QELSTD_PUBLIC_HEADERS ${PROJECT_SOURCE_DIR}/${header})
-  else()
-    # Tolerated so that a header can be listed in the same change that another branch adds it.
-    message(WARNING "Listed public header ${header} does not exist; it is not installed.")
+  if(NOT EXISTS ${PROJECT_SOURCE_DIR}/${header})
+    message(FATAL_ERROR "Listed public header ${header} does not exist (cmake/PublicHeaders.cmake).")
   endif()
+  list(APPEND QELSTD_PUBLIC_HEADERS ${PROJECT_SOURCE_DIR}/${header})
 endforeach()
