@@ -184,7 +184,6 @@ void ZOLVotStandardLoader::Reserve(size_t textBytes) {
     Refuse("Refused: text larger than 2 GiB");
     return;
   }
-  _KeyBudget = std::min(kMaxKeyBytes, 64 * textBytes + (size_t{64} << 20));
   // Sized once from the text: a standard has an element per 45 bytes or so, its names and values
   // come to under a third of the text and its keys to a little over a half. Growing by doubling
   // instead would copy and touch twice the memory.
@@ -320,8 +319,12 @@ int ZOLVotStandardLoader::CloseNode() {
     if (_EnumdefName || _TypedefName) [[unlikely]] {
       if (_EnumdefName) _EnumdefValues.push_back(text);
     } else {
+      if (_store._Keys.size() > kFreeKeyBytes) [[unlikely]] {
+        // Both lanes hold the same names and values at this point, so they refuse at the same value.
+        const size_t read = _store._Chars.size() + 40 * _store._Nodes.size();
+        if (_store._Keys.size() > std::min(kMaxKeyBytes, 64 * read + kFreeKeyBytes)) return Refuse("Refused: keys of values too large");
+      }
       DeferValue(kind, text);
-      if (_store._Keys.size() > _KeyBudget) [[unlikely]] return Refuse("Refused: keys of values too large");
       if (!_DeferFiling) [[unlikely]] FilePending();
     }
     // The value keeps its characters; what follows gathers anew.

@@ -25,8 +25,9 @@ public:
   static constexpr size_t kMaxDepth = 512;
   /// Bytes of a text.
   static constexpr size_t kMaxTextBytes = size_t{2} << 30;
-  /// Bytes of the keys of all values: 64 times the text and 64 MiB, at most 1 GiB; 256 MiB for a
-  /// document driven through the content handler, whose size is not known.
+  /// Bytes of the keys of all values: 64 MiB, and beyond that 64 times what was read (names and
+  /// values, and 40 bytes an element), at most 1 GiB.
+  static constexpr size_t kFreeKeyBytes = size_t{64} << 20;
   static constexpr size_t kMaxKeyBytes = size_t{1} << 30;
 
   /// A load into store, which it extends: a store holds one document, so give it a new store
@@ -36,7 +37,7 @@ public:
   ZOLVotStandardLoader(const ZOLVotStandardLoader&) = delete;
   ZOLVotStandardLoader& operator=(const ZOLVotStandardLoader&) = delete;
 
-  /// Sizes the store and the bound of the keys for a text of that many bytes; refuses a text over kMaxTextBytes.
+  /// Sizes the store for a text of that many bytes; refuses a text over kMaxTextBytes.
   void Reserve(size_t textBytes);
   /// Parses the source with the reader, whose content and error handlers are set: the elements
   /// and text come to this loader through the reader's lean lane, and values are filed once the
@@ -90,7 +91,6 @@ private:
 
   ZOLVotStandardStore& _store;
   bool _Refused = false;
-  size_t _KeyBudget = size_t{256} << 20;
 
   struct OpenElement {
     uint32_t node;
