@@ -69,6 +69,19 @@ const char* ZOLDrwLineFontText();
 void AddColoring(ZOLAnnStandardXMLParser* parser, int position, const char* name, unsigned red, unsigned green,
                  unsigned blue);
 
+// A symbol of release 17: name, character code, and base64 icons of 16 and 22 pixels in the look
+// of the table for ISO and JIS and in that of the table for the other parents.
+struct ZOLDrwRelease17Symbol {
+  const char* name;
+  int charcode;
+  const char* isoIcon16;
+  const char* isoIcon22;
+  const char* otherIcon16;
+  const char* otherIcon22;
+};
+// The 41 symbols of release 17, in their positions.
+std::span<const ZOLDrwRelease17Symbol> ZOLDrwRelease17Symbols();
+
 // The record type Formats and "Root.SheetFormat" with the formats of the parent; E_FAIL for a
 // parent that is none of the four, which gets the type and the empty branch only.
 HRESULT AppendSheetFormats(const ZOLUnicodeString& parent, ZOLAnnStandardXMLParser& parser);
