@@ -26,6 +26,7 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/ZOLIDrwStandard.h
   include/ZOLIQelStandard.h
   include/ZOLListValZOLDrwStdSheetStyle.h
+  include/QelStandardServices.h
   platform/ZOLBaseUnknown.h
   platform/ZOLClassDictionary.h
   platform/ZOLFile.h

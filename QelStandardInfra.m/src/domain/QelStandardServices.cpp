@@ -1,0 +1,76 @@
+// Drafting domain services: limit deviations of fits.
+#include "QelStandardServices.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "domain/QelStdFitTableData.h"
+
+namespace {
+
+struct NameHash {
+  using is_transparent = void;
+  size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
+};
+
+template <class T>
+using NameMap = std::unordered_map<std::string, T, NameHash, std::equal_to<>>;
+
+struct FitLimits {
+  double upperDeviation;
+  double lowerDeviation;
+};
+
+// Range name to the limits of one class; empty for a name that is no class.
+using FitDeviations = NameMap<std::unique_ptr<FitLimits>>;
+
+// Every name ever asked keeps its entry, a class or not, so that a second query of it costs two
+// lookups; it lives to the end of the process.
+NameMap<FitDeviations>& FitTable() {
+  static NameMap<FitDeviations> table;
+  return table;
+}
+
+FitDeviations BuildFit(std::string_view name) {
+  FitDeviations fit;
+  for (int c = 0; c < kQelStdFitClassCount; ++c) {
+    const QelStdFitClass& cls = kQelStdFitClasses[c];
+    if (name != cls.name) continue;
+    for (int r = 0; r < cls.count; ++r)
+      fit.emplace(kQelStdFitRanges[r].name,
+                  std::make_unique<FitLimits>(FitLimits{cls.cells[r].upperDeviation, cls.cells[r].lowerDeviation}));
+    break;
+  }
+  return fit;
+}
+
+// "undefined" for a size in no range: 0 or below, above the last range, NaN.
+std::string_view RangeName(double size) {
+  for (int r = 0; r < kQelStdFitRangeCount; ++r)
+    if (kQelStdFitRanges[r].lower < size && size <= kQelStdFitRanges[r].upper) return kQelStdFitRanges[r].name;
+  return "undefined";
+}
+
+}  // namespace
+
+namespace QelStandardServices {
+
+HRESULT GetNumericalTolerance(const double& nominalSize, const ZOLUnicodeString& fit, const ZOLUnicodeString&,
+                              double& upperDeviation, double& lowerDeviation) {
+  const std::string_view key(fit.ConvertToChar());
+  auto& table = FitTable();
+  auto entry = table.find(key);
+  if (entry == table.end()) entry = table.emplace(std::string(key), BuildFit(key)).first;
+  const FitDeviations& deviations = entry->second;
+  auto limits = deviations.find(RangeName(nominalSize));
+  if (limits != deviations.end() && limits->second) {
+    upperDeviation = limits->second->upperDeviation;
+    lowerDeviation = limits->second->lowerDeviation;
+  }
+  return S_OK;
+}
+
+}  // namespace QelStandardServices
