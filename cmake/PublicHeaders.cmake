@@ -27,6 +27,7 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/ZOLIQelStandard.h
   include/ZOLListValZOLDrwStdSheetStyle.h
   include/QelStandardServices.h
+  include/ZOLQelLocalStandardAttributes.h
   platform/ZOLBaseUnknown.h
   platform/ZOLClassDictionary.h
   platform/ZOLFile.h

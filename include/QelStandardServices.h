@@ -1,4 +1,5 @@
-// Drafting domain services beside a standard file: limit deviations of fits.
+// Drafting domain services beside a standard file: limit deviations of fits, separator codes, and
+// the content type of a parameter name.
 #pragma once
 #include "ZOLResult.h"
 #include "ZOLUnicodeString.h"
@@ -11,5 +12,19 @@ namespace QelStandardServices {
 /// unused is not read. Not thread-safe: the first query of a class fills a process-wide table.
 HRESULT GetNumericalTolerance(const double& nominalSize, const ZOLUnicodeString& fit, const ZOLUnicodeString& unused,
                               double& upperDeviation, double& lowerDeviation);
+
+/// Whom a parameter name belongs to among the local objects.
+enum QelContentType { ContentUnknown = 0, ContentStandard = 1, ContentStyle = 2 };
+
+/// The separator character of a code from 1 to 18 ("." for 11, "," for 6); empty for any other code.
+ZOLUnicodeString GetSymbolFromTable(int code);
+/// The code of a separator character (11 for "."); -1 for any other text, the empty one included.
+int GetSymbolFromTable(ZOLUnicodeString symbol);
+
+/// ContentStandard when a parameter path, or its first element (path + ".1"), may be overridden by
+/// a local standard; ContentStyle when by a local style; ContentUnknown otherwise.
+QelContentType getContentType(const char* name);
+/// Same as getContentType(const char*) on the narrow text of name.
+QelContentType getContentType(ZOLUnicodeString name);
 
 }  // namespace QelStandardServices

@@ -1,12 +1,15 @@
-// Drafting domain services: limit deviations of fits.
+// Drafting domain services: limit deviations of fits, separator codes, content types.
 #include "QelStandardServices.h"
 
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 
+#include "ZOLQelLocalStandardAttributes.h"
+#include "ZOLSysLog.h"
 #include "domain/QelStdFitTableData.h"
 
 namespace {
@@ -54,6 +57,33 @@ std::string_view RangeName(double size) {
   return "undefined";
 }
 
+// The separators by code, from 1: what a number format stores in NDSepNum and NDSep1000.
+constexpr std::string_view kSymbols[] = {"/", ":", "(", ")", "\"", ",", "<", ">", "X",
+                                         "*", ".", ";", "+", "[", "]", "-", "_", " "};
+constexpr int kSymbolCount = static_cast<int>(std::size(kSymbols));
+
+QelStandardServices::QelContentType ContentType(std::string_view name) {
+  std::shared_ptr<LocalAttributeMap> standards, styles;
+  ZOLQelLocalStandardAttributes::GetLocalStandardMap(standards);
+  if (!standards) {
+    ZOLAssertPointer("");
+    return QelStandardServices::ContentUnknown;
+  }
+  ZOLQelLocalStandardAttributes::GetLocalStyleMap(styles);
+  if (!styles) {
+    ZOLAssertPointer("");
+    return QelStandardServices::ContentUnknown;
+  }
+  const std::string bare(name);
+  if (standards->count(bare)) return QelStandardServices::ContentStandard;
+  if (styles->count(bare)) return QelStandardServices::ContentStyle;
+  // A sequence is admitted by its first element.
+  const std::string first = bare + ".1";
+  if (standards->count(first)) return QelStandardServices::ContentStandard;
+  if (styles->count(first)) return QelStandardServices::ContentStyle;
+  return QelStandardServices::ContentUnknown;
+}
+
 }  // namespace
 
 namespace QelStandardServices {
@@ -72,5 +102,20 @@ HRESULT GetNumericalTolerance(const double& nominalSize, const ZOLUnicodeString&
   }
   return S_OK;
 }
+
+ZOLUnicodeString GetSymbolFromTable(int code) {
+  if (code < 1 || code > kSymbolCount) return ZOLUnicodeString();
+  return ZOLUnicodeString(kSymbols[code - 1]);
+}
+
+int GetSymbolFromTable(ZOLUnicodeString symbol) {
+  for (int i = 0; i < kSymbolCount; ++i)
+    if (symbol == kSymbols[i]) return i + 1;
+  return -1;
+}
+
+QelContentType getContentType(const char* name) { return ContentType(name ? name : ""); }
+
+QelContentType getContentType(ZOLUnicodeString name) { return ContentType(name.ConvertToChar()); }
 
 }  // namespace QelStandardServices
