@@ -27,6 +27,8 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/ZOLIQelStandard.h
   include/ZOLListValZOLDrwStdSheetStyle.h
   include/QelStandardServices.h
+  include/QelStdToleranceDescription.h
+  include/QelStdUnitDescription.h
   include/ZOLQelLocalStandardAttributes.h
   platform/ZOLBaseUnknown.h
   platform/ZOLClassDictionary.h

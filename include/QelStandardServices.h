@@ -1,6 +1,11 @@
-// Drafting domain services beside a standard file: limit deviations of fits, separator codes, and
-// the content type of a parameter name.
+// Drafting domain services beside a standard file: limit deviations of fits, the legacy number and
+// tolerance formats, separator codes, and the content type of a parameter name.
 #pragma once
+#include <memory>
+#include <vector>
+
+#include "QelStdToleranceDescription.h"
+#include "QelStdUnitDescription.h"
 #include "ZOLResult.h"
 #include "ZOLUnicodeString.h"
 
@@ -12,6 +17,11 @@ namespace QelStandardServices {
 /// unused is not read. Not thread-safe: the first query of a class fills a process-wide table.
 HRESULT GetNumericalTolerance(const double& nominalSize, const ZOLUnicodeString& fit, const ZOLUnicodeString& unused,
                               double& upperDeviation, double& lowerDeviation);
+
+/// New objects of the 14 number formats of the V4 generation, "NUM.DIMM" first and "FEET-INC" last.
+std::vector<std::shared_ptr<QelStdUnitDescription>> GetLegacyV4Units();
+/// New objects of the 22 tolerance formats of the V4 generation, "TOL_NUM2" first and "ISOCOMB" last.
+std::vector<std::shared_ptr<QelStdToleranceDescription>> GetLegacyV4Tolerances();
 
 /// Whom a parameter name belongs to among the local objects.
 enum QelContentType { ContentUnknown = 0, ContentStandard = 1, ContentStyle = 2 };

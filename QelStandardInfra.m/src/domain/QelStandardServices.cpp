@@ -1,4 +1,4 @@
-// Drafting domain services: limit deviations of fits, separator codes, content types.
+// Drafting domain services: limit deviations of fits, legacy formats, separator codes, content types.
 #include "QelStandardServices.h"
 
 #include <functional>
@@ -11,6 +11,7 @@
 #include "ZOLQelLocalStandardAttributes.h"
 #include "ZOLSysLog.h"
 #include "domain/QelStdFitTableData.h"
+#include "domain/QelStdLegacyV4Data.h"
 
 namespace {
 
@@ -101,6 +102,12 @@ HRESULT GetNumericalTolerance(const double& nominalSize, const ZOLUnicodeString&
     lowerDeviation = limits->second->lowerDeviation;
   }
   return S_OK;
+}
+
+std::vector<std::shared_ptr<QelStdUnitDescription>> GetLegacyV4Units() { return QelStdBuildLegacyV4Units(); }
+
+std::vector<std::shared_ptr<QelStdToleranceDescription>> GetLegacyV4Tolerances() {
+  return QelStdBuildLegacyV4Tolerances();
 }
 
 ZOLUnicodeString GetSymbolFromTable(int code) {
