@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "QelStandardServices.h"
+#include "ZOLReportCountTest.h"
 
 namespace {
 
@@ -43,8 +44,11 @@ void ExpectCases(const std::vector<Case>& cases) {
 
 }  // namespace
 
+// No query, hit or miss, raises a report.
+class NumericalTolerance : public ZOLReportCountTest {};
+
 // The first range, the range of 18 to 30 mm and the last range of every class.
-TEST(NumericalTolerance, FirstMiddleAndLastRangeOfEveryClass) {
+TEST_F(NumericalTolerance, FirstMiddleAndLastRangeOfEveryClass) {
   ExpectCases({
       {2, "H6", 0.006, 0}, {25, "H6", 0.013, 0}, {3000, "H6", 0.135, 0},
       {2, "h6", 0, -0.006}, {25, "h6", 0, -0.013}, {3000, "h6", 0, -0.135},
@@ -60,7 +64,7 @@ TEST(NumericalTolerance, FirstMiddleAndLastRangeOfEveryClass) {
   });
 }
 
-TEST(NumericalTolerance, EveryClassAtOneSize) {
+TEST_F(NumericalTolerance, EveryClassAtOneSize) {
   ExpectCases({{240, "H6", 0.029, 0}, {240, "h6", 0, -0.029}, {240, "H7", 0.046, 0}, {240, "h7", 0, -0.046},
                {240, "H8", 0.072, 0}, {240, "h8", 0, -0.072}, {240, "H9", 0.115, 0}, {240, "F7", 0.096, 0.050},
                {240, "f7", -0.050, -0.096}, {240, "g6", -0.015, -0.044}, {240, "P7", -0.033, -0.079},
@@ -68,7 +72,7 @@ TEST(NumericalTolerance, EveryClassAtOneSize) {
 }
 
 // A size on a bound belongs to the range below it; the width of H7 is IT7 of ISO 286-1.
-TEST(NumericalTolerance, SizeOnABoundBelongsToTheLowerRange) {
+TEST_F(NumericalTolerance, SizeOnABoundBelongsToTheLowerRange) {
   struct Bound {
     double size, it7Below, it7Above;  // µm
   };
@@ -95,13 +99,13 @@ TEST(NumericalTolerance, SizeOnABoundBelongsToTheLowerRange) {
 
 // Above 500 mm the grades follow the second tolerance factor; IT9 above 1250 mm is where copied
 // tables go wrong.
-TEST(NumericalTolerance, LargeSizes) {
+TEST_F(NumericalTolerance, LargeSizes) {
   ExpectCases({{600, "H6", 0.044, 0}, {700, "H6", 0.050, 0}, {900, "h6", 0, -0.056}, {1100, "H7", 0.105, 0},
                {1500, "H8", 0.195, 0}, {1300, "H9", 0.310, 0}, {1700, "H9", 0.370, 0}, {2100, "H9", 0.440, 0}});
 }
 
 // A shaft class mirrors its hole class of the same letter and grade, everywhere both reach.
-TEST(NumericalTolerance, ShaftsMirrorHoles) {
+TEST_F(NumericalTolerance, ShaftsMirrorHoles) {
   for (double size = 0.7; size <= 3150; size *= 1.13) {
     for (auto [hole, shaft] : {std::pair("H6", "h6"), {"H7", "h7"}, {"H8", "h8"}, {"F7", "f7"}}) {
       Fit h = Query(size, hole), s = Query(size, shaft);
@@ -113,7 +117,7 @@ TEST(NumericalTolerance, ShaftsMirrorHoles) {
   }
 }
 
-TEST(NumericalTolerance, MissLeavesOutputsUntouched) {
+TEST_F(NumericalTolerance, MissLeavesOutputsUntouched) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   const double inf = std::numeric_limits<double>::infinity();
   struct Miss {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "QelStandardServices.h"
+#include "ZOLReportCountTest.h"
 
 namespace {
 
@@ -60,7 +61,9 @@ bool IsUtf8(const std::string& s) {
 
 }  // namespace
 
-TEST(LegacyFormats, CountsAndEnds) {
+class LegacyFormats : public ZOLReportCountTest {};
+
+TEST_F(LegacyFormats, CountsAndEnds) {
   auto units = QelStandardServices::GetLegacyV4Units();
   auto tolerances = QelStandardServices::GetLegacyV4Tolerances();
   ASSERT_EQ(units.size(), 14u);
@@ -71,7 +74,7 @@ TEST(LegacyFormats, CountsAndEnds) {
   EXPECT_EQ(tolerances.back()->Name, "ISOCOMB");
 }
 
-TEST(LegacyFormats, EachCallMakesNewObjectsOfEqualContent) {
+TEST_F(LegacyFormats, EachCallMakesNewObjectsOfEqualContent) {
   auto a = QelStandardServices::GetLegacyV4Units(), b = QelStandardServices::GetLegacyV4Units();
   auto c = QelStandardServices::GetLegacyV4Tolerances(), d = QelStandardServices::GetLegacyV4Tolerances();
   for (size_t i = 0; i < a.size(); ++i) {
@@ -86,7 +89,7 @@ TEST(LegacyFormats, EachCallMakesNewObjectsOfEqualContent) {
   EXPECT_EQ(QelStandardServices::GetLegacyV4Units()[0]->NDType, 1);
 }
 
-TEST(LegacyFormats, DegreesMinutesSecondsFieldByField) {
+TEST_F(LegacyFormats, DegreesMinutesSecondsFieldByField) {
   auto units = QelStandardServices::GetLegacyV4Units();
   const QelStdUnitDescription expected("NUM.ADMS", 2, 4, 1, 2, 2, 1, "", 0.000277778, 0.0166667, 1, 0, 0, 0, "\"", "'",
                                        kDegree, 1, 1, 1, 0.2, 0.2, 0.2, 0.5, 0, 1, ".", 2, 2, 0.5, 1, 1, 3);
@@ -99,7 +102,7 @@ TEST(LegacyFormats, DegreesMinutesSecondsFieldByField) {
   EXPECT_EQ(Named(units, "ANGLEDMS").NDFact_2, 0.0166667);
 }
 
-TEST(LegacyFormats, SiblingsDifferOnlyWhereTheyShould) {
+TEST_F(LegacyFormats, SiblingsDifferOnlyWhereTheyShould) {
   auto units = QelStandardServices::GetLegacyV4Units();
   struct Pair {
     const char* a;
@@ -113,7 +116,7 @@ TEST(LegacyFormats, SiblingsDifferOnlyWhereTheyShould) {
     EXPECT_EQ(Differences(Named(units, p.a), Named(units, p.b)), p.fields) << p.a << " / " << p.b;
 }
 
-TEST(LegacyFormats, TolerancesFieldByField) {
+TEST_F(LegacyFormats, TolerancesFieldByField) {
   auto tolerances = QelStandardServices::GetLegacyV4Tolerances();
   const QelStdToleranceDescription isonum("ISONUM", 2, 3, 4, 2.5, 0, 0, 0, 0, 1, 9, 3, 0, 0.5, -0.5, 0, 2, 2, 1, 1);
   EXPECT_EQ(Differences(Named(tolerances, "ISONUM"), isonum), std::vector<std::string>{});
@@ -126,7 +129,7 @@ TEST(LegacyFormats, TolerancesFieldByField) {
   EXPECT_EQ(Named(tolerances, "CPL_50A1").TolExtX, 0.214286);
 }
 
-TEST(LegacyFormats, DefaultsAreDistmmAndTheStackedTolerance) {
+TEST_F(LegacyFormats, DefaultsAreDistmmAndTheStackedTolerance) {
   auto units = QelStandardServices::GetLegacyV4Units();
   EXPECT_EQ(Differences(QelStdUnitDescription(), Named(units, "DISTMM")), std::vector<std::string>{"Name"});
   QelStdUnitDescription named("MINE");
@@ -140,7 +143,7 @@ TEST(LegacyFormats, DefaultsAreDistmmAndTheStackedTolerance) {
 }
 
 // The degree sign is U+00B0 in UTF-8; the decimal and thousands separators code as the symbol table says.
-TEST(LegacyFormats, SeparatorsAreUtf8AndCodeAsTheSymbolTable) {
+TEST_F(LegacyFormats, SeparatorsAreUtf8AndCodeAsTheSymbolTable) {
   auto units = QelStandardServices::GetLegacyV4Units();
   EXPECT_EQ(Named(units, "ANGLEDEC").NDSepar_1.str(), kDegree);
   EXPECT_EQ(Named(units, "INC.ADMS").NDSepar_3.str(), kDegree);
