@@ -209,6 +209,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: generate_fits <data directory> <output file>\n");
     return 2;
   }
+  gToolName = "generate_fits";
   gDataDir = argv[1];
   Tables t = Load();
   Calculator calc(t);
