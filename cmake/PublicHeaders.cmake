@@ -26,6 +26,10 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/ZOLIDrwStandard.h
   include/ZOLIQelStandard.h
   include/ZOLListValZOLDrwStdSheetStyle.h
+  include/QelStandardServices.h
+  include/QelStdToleranceDescription.h
+  include/QelStdUnitDescription.h
+  include/ZOLQelLocalStandardAttributes.h
   platform/ZOLBaseUnknown.h
   platform/ZOLClassDictionary.h
   platform/ZOLFile.h
