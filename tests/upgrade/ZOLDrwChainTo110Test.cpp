@@ -95,7 +95,13 @@ TEST_F(Chain, Release9StandardReachesLevel110WithEveryStepsMark) {
     size_t glyphs = 0;
     for (size_t at = font.find("\n$ "); at != std::string::npos; at = font.find("\n$ ", at + 1)) ++glyphs;
     EXPECT_EQ(glyphs, 82u) << parent.name;
-    EXPECT_TRUE(font.ends_with("/                     ***********************\n/\n")) << parent.name;
+    for (const char* line : {"\n$ 0020  ;\n", "\n$ 0040      60  0  ;\n",
+                             "\n/ CONTINUOUS + DASH UNDERNEATH\n$ 0044  000 030  048 000  128 000  -32 -16  016 000  ;\n",
+                             "\n/\n/                     DOT FAMILY\n/\n$ 00C4  000 030  016 000  128 000  016 000  000 000  ;\n",
+                             "\n/                     CONTINUOUS FAMILY\n/\n/                     ***********************\n/\n"})
+      EXPECT_NE(font.find(line), std::string::npos) << parent.name << ": " << line;
+    EXPECT_TRUE(font.ends_with("***********************\n/\n")) << parent.name;
+    EXPECT_EQ(font.find("$ 00D5"), std::string::npos) << parent.name << ": LineType17's glyph was never delivered";
   }
 }
 
