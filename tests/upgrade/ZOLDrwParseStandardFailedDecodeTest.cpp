@@ -1,5 +1,5 @@
 // The upgrade driver on a file that does not decode whole: level and parent are still told, but
-// nothing is upgraded or written.
+// nothing is upgraded or written; qelstd upgrade and info refuse it with the reason.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -7,6 +7,7 @@
 #include <string>
 #include <unistd.h>
 
+#include "QelstdRun.h"
 #include "ZOLDftStdNamespace.h"
 #include "ZOLDrwParseStandard.h"
 #include "ZOLReportCountTest.h"
@@ -97,4 +98,20 @@ TEST_F(FailedDecode, WholeFileIsNotTakenForAFailure) {
   d.EncodeToVersion(-1, options, (dir / "out" / "Company.xml").c_str());
   EXPECT_TRUE(d.GetOutcome().saved);
   EXPECT_FALSE(d.GetOutcome().decodeFailed);
+}
+
+TEST_F(FailedDecode, QelstdUpgradeAndInfoRefuseTheFileWithTheReason) {
+  QELSTD_REQUIRE_BINARY();
+  for (const std::string& args : {"upgrade --to 280 -o '" + (dir / "out").string() + "' '" + input + "'",
+                                 "upgrade -o '" + (dir / "out").string() + "' '" + input + "'",
+                                 "upgrade --dry-run '" + input + "'", "info '" + input + "'"}) {
+    QelstdRun run = RunQelstd(args + " 2>&1");
+    EXPECT_EQ(run.status, 1) << args;
+    EXPECT_NE(run.out.find("qelstd: " + input + ": does not decode as a standard: not a standard of the std dialect"),
+              std::string::npos)
+        << args << ": " << run.out;
+    EXPECT_EQ(run.out.find("level 280"), std::string::npos) << args << ": " << run.out;
+    EXPECT_EQ(run.out.find("stages run"), std::string::npos) << args << ": " << run.out;
+  }
+  EXPECT_TRUE(OutputIsEmpty());
 }

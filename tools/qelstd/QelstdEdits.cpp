@@ -3,12 +3,15 @@
 
 #include <algorithm>
 #include <charconv>
+#include <string>
 #include <string_view>
 #include <utility>
 
+#include "QelstdOutput.h"
 #include "ZOLAnnStandardXMLNode.h"
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLAnnStandardXMLValue.h"
+#include "ZOLSysLog.h"
 
 namespace qelstd {
 
@@ -23,7 +26,9 @@ const char* const kEditFileFormat =
     "  delete PATH                                 remove a node, or a value by name or text\n"
     "One blank separates the operation from the edit string, which runs to the end of the line as written.\n"
     "OCC is the occurrence of the last path step: 1 (default) by name, 0 or -1 the last sub-node, n the\n"
-    "n-th sub-node; -1 also forces a value onto that node itself. POS is 1-based; empty appends.\n";
+    "n-th sub-node; -1 also forces a value onto that node itself. POS is 1-based; empty appends.\n"
+    "An edit file may hold at most 64 MiB, and its value-all lines may reach at most 1000000 sub-nodes\n"
+    "together; a line that would reach more stops the run.\n";
 
 namespace {
 
@@ -116,30 +121,59 @@ int ApplyEditLine(ZOLAnnStandardXMLParser& doc, const EditLine& line) {
   return 1;
 }
 
-void PrintOutline(std::FILE* out, const ZOLAnnStandardXMLParser& doc) {
+long long ValueAllReach(const ZOLAnnStandardXMLParser& doc, const EditLine& line) {
+  if (line.op != EditLine::ValueAll || !doc.Root()) return 0;
+  std::string_view text = line.text;
+  const size_t colon = text.find(':');
+  if (colon == std::string_view::npos) return 0;
+  std::string_view path = text.substr(0, colon);
+  const size_t dot = path.find('.');
+  if (dot == std::string_view::npos || path.substr(0, dot) != "Root") return 0;
+  std::string_view rest = path.substr(dot + 1), last = rest;
+  // The parent as the operation finds it: the sum of each dot's offset in what was left at that step.
+  size_t parentLength = 0;
+  for (size_t d; (d = last.find('.')) != std::string_view::npos; last.remove_prefix(d + 1)) parentLength += d;
+  // An occurrence beyond the sub-nodes is reported by the lookup; the operation itself reports it again.
+  ZOLSysLogHook previous = ZOLSysLogSetHook([](bool, const char*) {});
+  const ZOLAnnStandardXMLNode* parent = doc.Root()->FindNodeWithPath(rest.substr(0, parentLength), line.occurrence);
+  ZOLSysLogSetHook(std::move(previous));
+  if (!parent) return 0;
+  long long reach = 0;
+  for (const ZOLAnnStandardXMLNode* node : parent->SubNodes()) reach += node->Name().str() == last;
+  return reach;
+}
+
+bool PrintOutline(std::FILE* out, const ZOLAnnStandardXMLParser& doc) {
   std::vector<std::pair<const ZOLAnnStandardXMLNode*, size_t>> stack;
   for (auto* root : {doc.TypeDefRoot(), doc.EnumRoot(), doc.Root()})
     if (root) stack.emplace_back(root, 0);
   std::reverse(stack.begin(), stack.end());
   std::string indent;
-  while (!stack.empty()) {
+  auto lead = [&indent](size_t depth) -> const std::string& {
+    indent.assign(2 * std::min(depth, kOutlineIndentLevels), ' ');
+    if (depth > kOutlineIndentLevels) indent += "[" + std::to_string(depth) + "] ";
+    return indent;
+  };
+  bool ok = true;
+  while (ok && !stack.empty()) {
     auto [node, depth] = stack.back();
     stack.pop_back();
-    indent.assign(2 * depth, ' ');
     if (node->GetNodeType() == ZOLAnnStandardXMLNode::RootNode)
-      std::fprintf(out, "%s%s\n", indent.c_str(), node->Name().ConvertToChar());
+      ok = Printf(out, "%s%s\n", lead(depth).c_str(), node->Name().ConvertToChar());
     else
-      std::fprintf(out, "%s%s \"%s\"\n", indent.c_str(), NodeKind(node->GetNodeType()), node->Name().ConvertToChar());
-    indent.append(2, ' ');
+      ok = Printf(out, "%s%s \"%s\"\n", lead(depth).c_str(), NodeKind(node->GetNodeType()), node->Name().ConvertToChar());
+    lead(depth + 1);
     for (const ZOLAnnStandardXMLValue* v : node->Values()) {
-      std::fprintf(out, "%s%s", indent.c_str(), ValueKind(v->GetType()));
-      if (v->GetRangeVal()) std::fprintf(out, " min \"%s\"", v->Name().ConvertToChar());
-      else if (!v->Name().IsEmpty()) std::fprintf(out, " \"%s\"", v->Name().ConvertToChar());
-      std::fprintf(out, " = \"%s\"\n", v->Value().ConvertToChar());
+      if (!ok) break;
+      ok = Printf(out, "%s%s", indent.c_str(), ValueKind(v->GetType()));
+      if (v->GetRangeVal()) ok = ok && Printf(out, " min \"%s\"", v->Name().ConvertToChar());
+      else if (!v->Name().IsEmpty()) ok = ok && Printf(out, " \"%s\"", v->Name().ConvertToChar());
+      ok = ok && Printf(out, " = \"%s\"\n", v->Value().ConvertToChar());
     }
     const auto& subs = node->SubNodes();
     for (auto it = subs.rbegin(); it != subs.rend(); ++it) stack.emplace_back(*it, depth + 1);
   }
+  return ok;
 }
 
 }  // namespace qelstd

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "QelstdJson.h"
+#include "QelstdOutput.h"
 #include "QelstdStandard.h"
 #include "QelstdVerb.h"
 
@@ -28,7 +30,7 @@ std::string Text(const nlohmann::ordered_json& v) {
     for (const auto& e : v) all += (all.empty() ? "" : " ") + Text(e);
     return all;
   }
-  return v.dump();
+  return qelstd::JsonText(v);
 }
 
 // Reads by the type of the path's entries when the standard can tell it, else by trying the
@@ -117,9 +119,9 @@ void Setup(CLI::App& app, int* status) {
     if (*json) {
       nlohmann::ordered_json out = {{"standard", *standard}, {"path", *path}, {"index", *index},
                                     {"type", r.type}, {"kind", r.kind}, {"value", r.value}};
-      std::printf("%s\n", out.dump().c_str());
+      qelstd::Printf(stdout, "%s\n", qelstd::JsonText(out).c_str());
     } else {
-      std::printf("%s\ttype %d %s\n", Text(r.value).c_str(), r.type, r.kind);
+      qelstd::Printf(stdout, "%s\ttype %d %s\n", Text(r.value).c_str(), r.type, r.kind);
     }
     *status = qelstd::kDone;
   });

@@ -1,7 +1,22 @@
 // qelstd: the command line of the standards library.
 #include <algorithm>
+#include <cstring>
+#include <new>
+#include <stdexcept>
 
+#include "QelstdOutput.h"
 #include "QelstdVerb.h"
+
+namespace {
+
+// Why an exception ended a verb. The standard object throws these two on a malformed colour.
+std::string Why(const std::exception& e) {
+  if (dynamic_cast<const std::invalid_argument*>(&e) || dynamic_cast<const std::out_of_range*>(&e))
+    return std::string("cannot be read: a value is malformed (") + e.what() + ")";
+  return e.what();
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   CLI::App app{"qelstd: read, edit, check and upgrade drafting standards"};
@@ -11,15 +26,31 @@ int main(int argc, char** argv) {
   auto verbs = qelstd::Verbs();
   std::sort(verbs.begin(), verbs.end(), [](const auto& a, const auto& b) { return std::string(a.name) < b.name; });
   for (auto& verb : verbs) verb.setup(app, &status);
+  auto subject = [&app] {
+    if (!qelstd::Subject().empty()) return qelstd::Subject();
+    auto verbsRun = app.get_subcommands();
+    return verbsRun.empty() ? std::string("qelstd") : verbsRun.front()->get_name();
+  };
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp& e) {
-    return app.exit(e);
+    status = app.exit(e);
   } catch (const CLI::CallForVersion& e) {
-    return app.exit(e);
+    status = app.exit(e);
   } catch (const CLI::ParseError& e) {
     app.exit(e);
-    return qelstd::kUsage;
+    status = qelstd::kUsage;
+  } catch (const std::bad_alloc&) {
+    qelstd::Error(subject(), "out of memory");
+    status = qelstd::kNotFound;
+  } catch (const std::exception& e) {
+    qelstd::Error(subject(), Why(e));
+    status = qelstd::kNotFound;
+  }
+  // Help goes through std::cout, which writes into standard output's buffer: one flush covers both.
+  if (const int error = qelstd::FinishOutput(stdout)) {
+    qelstd::Error("standard output", std::strerror(error));
+    status = qelstd::kNotFound;
   }
   return status;
 }
