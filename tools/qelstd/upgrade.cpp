@@ -72,13 +72,14 @@ int RunUpgrade(const UpgradeOptions& o) {
   const int start = driver.GetVersion();
   const int target = o.target == -1 ? current : o.target;
   qelstd::Printf(stdout, "%s: parent %s, level %d\n", o.file.c_str(),
-              driver.GetParentStandard().IsEmpty() ? "(none)" : driver.GetParentStandard().ConvertToChar(), start);
+                 driver.GetParentStandard().IsEmpty() ? "(none)" : driver.GetParentStandard().ConvertToChar(), start);
   const auto plan = Plan(start, o.target);
   bool blocked = false;
   for (const auto& s : plan) blocked = blocked || !s.built;
   if (o.dryRun) {
     for (const auto& s : plan)
-      qelstd::Printf(stdout, "  stage %2d  %3d -> %3d  %-20s %s\n", s.stage, s.from, s.to, s.step, s.built ? "built" : "not built yet");
+      qelstd::Printf(stdout, "  stage %2d  %3d -> %3d  %-20s %s\n", s.stage, s.from, s.to, s.step,
+                     s.built ? "built" : "not built yet");
     if (plan.empty()) qelstd::Printf(stdout, "  nothing to run up to level %d\n", target);
     return blocked ? qelstd::kNotFound : qelstd::kDone;
   }
@@ -98,16 +99,12 @@ int RunUpgrade(const UpgradeOptions& o) {
   if (outcome.stoppedByGuard) {
     qelstd::Error(o.file, "its level cannot be told from its content; no stage ran");
   }
-  if (outcome.decodeFailed) {
-    qelstd::Error(o.file, "does not decode as a standard; no file written");
-    return qelstd::kNotFound;
-  }
   if (!outcome.saved) {
     qelstd::Error(output.string(), "cannot be written");
     return qelstd::kNotFound;
   }
   qelstd::Printf(stdout, "%s: %d stage%s run, level %d\n", output.string().c_str(), outcome.stagesRun,
-              outcome.stagesRun == 1 ? "" : "s", outcome.levelReached);
+                 outcome.stagesRun == 1 ? "" : "s", outcome.levelReached);
   return outcome.stoppedByGuard ? qelstd::kNotFound : qelstd::kDone;
 }
 
