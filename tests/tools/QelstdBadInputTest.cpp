@@ -195,3 +195,18 @@ TEST(QelstdJson, NamesThatAreNoUtf8AreReplacedNotFatal) {
     EXPECT_EQ(name, shown) << args;
   }
 }
+
+TEST(QelstdInput, MemoryRunningOutEndsTheVerbWithAMessageNotAnAbort) {
+  QELSTD_REQUIRE_BINARY();
+#if defined(__SANITIZE_ADDRESS__)
+  GTEST_SKIP() << "a sanitizer's shadow memory does not fit under a bound of the address space";
+#endif
+  Scratch dir;
+  std::string text;
+  for (int i = 0; i < 1000000; ++i) text += "node Root:a\n";
+  const std::string edits = Write(dir / "many.edits", text);
+  // A million nodes take some 300 MB; the tool gets 200 MB of address space.
+  QelstdRun run = RunQelstd("apply " + Quoted(edits) + " 2>&1 >/dev/null", "ulimit -v 200000;");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "qelstd: " + edits + ": out of memory\n");
+}

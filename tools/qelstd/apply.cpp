@@ -20,6 +20,7 @@ struct ApplyOptions {
 
 int RunApply(const ApplyOptions& options) {
   const std::string& path = options.edits;
+  qelstd::SetSubject(path);
   std::string text, why;
   if (!qelstd::ReadRegularFile(path, qelstd::kMaxEditsFileBytes, text, why)) {
     qelstd::Error(path, why);
