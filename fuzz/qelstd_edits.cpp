@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "QelstdEdits.h"
 #include "ZOLAnnStandardXMLParser.h"
@@ -28,19 +28,20 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  std::vector<qelstd::EditLine> lines;
-  std::string why;
-  // The tool stops at a bad line; the lines before it are applied all the same, to reach further.
-  qelstd::ParseEditLines(std::string(reinterpret_cast<const char*>(data), size), lines, why);
   ZOLAnnStandardXMLParser doc;
   for (const char* s : kSeedTree) doc.AddNodeWithPath(s, 0);
   doc.AddValueWithPath("Enum.YesNo::string:Yes", 1);
   long long reach = 0;
-  for (const qelstd::EditLine& line : lines) {
-    reach += qelstd::ValueAllReach(doc, line);
-    if (reach > qelstd::kMaxValueAllReach) break;
-    qelstd::ApplyEditLine(doc, line);
-  }
+  std::string why;
+  // The tool applies nothing from a file with a bad line; the lines before it are applied here all
+  // the same, to reach further.
+  qelstd::ForEachEditLine(
+      std::string_view(reinterpret_cast<const char*>(data), size),
+      [&](const qelstd::EditLine& line) {
+        reach += qelstd::ValueAllReach(doc, line);
+        if (reach <= qelstd::kMaxValueAllReach) qelstd::ApplyEditLine(doc, line);
+      },
+      why);
   if (g_sink) qelstd::PrintOutline(g_sink, doc);
   doc.GetVersion();
   return 0;

@@ -68,7 +68,7 @@ const char* ValueKind(ZOLAnnStandardXMLValue::Type type) {
 
 }  // namespace
 
-bool ParseEditLines(const std::string& text, std::vector<EditLine>& lines, std::string& why) {
+bool ForEachEditLine(std::string_view text, const std::function<void(const EditLine&)>& take, std::string& why) {
   std::string_view rest = text;
   for (int number = 1; !rest.empty(); ++number) {
     size_t end = rest.find('\n');
@@ -82,8 +82,8 @@ bool ParseEditLines(const std::string& text, std::vector<EditLine>& lines, std::
     std::string_view word = body.substr(0, blank);
     EditLine line;
     line.number = number;
-    line.written = std::string(body);
-    line.text = blank == std::string_view::npos ? std::string() : std::string(body.substr(blank + 1));
+    line.written = body;
+    line.text = blank == std::string_view::npos ? std::string_view() : body.substr(blank + 1);
     std::string_view occurrence;
     if (size_t at = word.find('@'); at != std::string_view::npos) {
       occurrence = word.substr(at + 1);
@@ -95,7 +95,7 @@ bool ParseEditLines(const std::string& text, std::vector<EditLine>& lines, std::
       return false;
     }
     if (!occurrence.data()) {
-      lines.push_back(std::move(line));
+      take(line);
       continue;
     }
     auto [ptr, ec] = std::from_chars(occurrence.data(), occurrence.data() + occurrence.size(), line.occurrence);
@@ -104,19 +104,19 @@ bool ParseEditLines(const std::string& text, std::vector<EditLine>& lines, std::
             std::string(word);
       return false;
     }
-    lines.push_back(std::move(line));
+    take(line);
   }
   return true;
 }
 
 int ApplyEditLine(ZOLAnnStandardXMLParser& doc, const EditLine& line) {
   switch (line.op) {
-    case EditLine::Node: return doc.AddNodeWithPath(line.text, 0);
-    case EditLine::TypeVal: return doc.AddNodeWithPath(line.text, 1);
-    case EditLine::Value: return doc.AddValueWithPath(line.text, line.occurrence);
-    case EditLine::ValueAll: return doc.AddValueWithPathForAllOccurence(line.text, line.occurrence);
-    case EditLine::Change: return doc.ChangeValueWithPath(line.text);
-    case EditLine::Delete: return doc.DeleteNodeWithPath(line.text);
+    case EditLine::Node: return doc.AddNodeWithPath(ZOLUnicodeString(line.text), 0);
+    case EditLine::TypeVal: return doc.AddNodeWithPath(ZOLUnicodeString(line.text), 1);
+    case EditLine::Value: return doc.AddValueWithPath(ZOLUnicodeString(line.text), line.occurrence);
+    case EditLine::ValueAll: return doc.AddValueWithPathForAllOccurence(ZOLUnicodeString(line.text), line.occurrence);
+    case EditLine::Change: return doc.ChangeValueWithPath(ZOLUnicodeString(line.text));
+    case EditLine::Delete: return doc.DeleteNodeWithPath(ZOLUnicodeString(line.text));
   }
   return 1;
 }

@@ -26,12 +26,11 @@ int RunApply(const ApplyOptions& options) {
     qelstd::Error(path, why);
     return qelstd::kNotFound;
   }
-  std::vector<qelstd::EditLine> lines;
-  if (!qelstd::ParseEditLines(text, lines, why)) {
+  // The whole file is read before any line is applied: a bad line is a usage error that changes nothing.
+  if (!qelstd::ForEachEditLine(text, [](const qelstd::EditLine&) {}, why)) {
     qelstd::Error(path, why);
     return qelstd::kUsage;
   }
-  std::string().swap(text);
   if (!options.in.empty()) {
     qelstd::SetSubject(options.in);
     if (why = qelstd::WhyNotReadable(options.in); !why.empty()) {
@@ -52,19 +51,29 @@ int RunApply(const ApplyOptions& options) {
   qelstd::SetSubject(path);
   int failed = 0;
   long long reach = 0;
-  for (const auto& line : lines) {
-    reports.clear();
-    reach += qelstd::ValueAllReach(doc, line);
-    if (reach > qelstd::kMaxValueAllReach) {
-      ZOLSysLogSetHook(std::move(previous));
-      qelstd::Error(path, "line " + std::to_string(line.number) + ": the value-all lines would reach more than " +
-                              std::to_string(qelstd::kMaxValueAllReach) + " sub-nodes; stopped there, nothing saved");
-      return qelstd::kNotFound;
-    }
-    int result = qelstd::ApplyEditLine(doc, line);
-    failed += result != 0;
-    qelstd::Printf(stdout, "%d: %d  %s\n", line.number, result, line.written.c_str());
-    for (const auto& r : reports) qelstd::Printf(stdout, "    report: %s", r.c_str());
+  int stoppedAt = 0;
+  qelstd::ForEachEditLine(
+      text,
+      [&](const qelstd::EditLine& line) {
+        if (stoppedAt) return;
+        reports.clear();
+        reach += qelstd::ValueAllReach(doc, line);
+        if (reach > qelstd::kMaxValueAllReach) {
+          stoppedAt = line.number;
+          return;
+        }
+        const int result = qelstd::ApplyEditLine(doc, line);
+        failed += result != 0;
+        qelstd::Printf(stdout, "%d: %d  %.*s\n", line.number, result, static_cast<int>(line.written.size()),
+                       line.written.data());
+        for (const auto& r : reports) qelstd::Printf(stdout, "    report: %s", r.c_str());
+      },
+      why);
+  if (stoppedAt) {
+    ZOLSysLogSetHook(std::move(previous));
+    qelstd::Error(path, "line " + std::to_string(stoppedAt) + ": the value-all lines would reach more than " +
+                            std::to_string(qelstd::kMaxValueAllReach) + " sub-nodes; stopped there, nothing saved");
+    return qelstd::kNotFound;
   }
   qelstd::Printf(stdout, "\n");
   qelstd::PrintOutline(stdout, doc);
