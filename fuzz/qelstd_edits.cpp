@@ -38,6 +38,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   qelstd::ForEachEditLine(
       std::string_view(reinterpret_cast<const char*>(data), size),
       [&](const qelstd::EditLine& line) {
+        // As the tool, nothing more once the bound is passed.
+        if (reach > qelstd::kMaxValueAllReach) return;
         reach += qelstd::ValueAllReach(doc, line);
         if (reach <= qelstd::kMaxValueAllReach) qelstd::ApplyEditLine(doc, line);
       },
