@@ -76,6 +76,7 @@ public:
   CollectedReports(const CollectedReports&) = delete;
   CollectedReports& operator=(const CollectedReports&) = delete;
   const std::vector<std::string>& Lines() const { return _lines; }
+  void Clear() { _lines.clear(); }
 
 private:
   std::vector<std::string> _lines;

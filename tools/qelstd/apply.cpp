@@ -3,12 +3,12 @@
 #include <string>
 #include <vector>
 
+#include "QelstdCatalogue.h"
 #include "QelstdEdits.h"
 #include "QelstdInput.h"
 #include "QelstdOutput.h"
 #include "QelstdVerb.h"
 #include "ZOLAnnStandardXMLParser.h"
-#include "ZOLSysLog.h"
 
 namespace {
 
@@ -39,13 +39,11 @@ int RunApply(const ApplyOptions& options) {
     }
   }
   // Reports are shown under the line that raised them.
-  std::vector<std::string> reports;
-  ZOLSysLogHook previous = ZOLSysLogSetHook([&reports](bool, const char* report) { reports.emplace_back(report); });
+  qelstd::CollectedReports reports;
   ZOLAnnStandardXMLParser doc;
   if (!options.in.empty() && doc.DecodeXML(ZOLUnicodeString(options.in), 1) != 0) {
-    ZOLSysLogSetHook(std::move(previous));
-    for (const auto& r : reports) std::fprintf(stderr, "report: %s", r.c_str());
-    qelstd::Error(options.in, "does not decode as a standard: " + qelstd::WhyNotDecoded(options.in, reports));
+    for (const auto& r : reports.Lines()) std::fprintf(stderr, "report: %s", r.c_str());
+    qelstd::Error(options.in, "does not decode as a standard: " + qelstd::WhyNotDecoded(options.in, reports.Lines()));
     return qelstd::kNotFound;
   }
   qelstd::SetSubject(path);
@@ -56,7 +54,7 @@ int RunApply(const ApplyOptions& options) {
       text,
       [&](const qelstd::EditLine& line) {
         if (stoppedAt) return;
-        reports.clear();
+        reports.Clear();
         reach += qelstd::ValueAllReach(doc, line);
         if (reach > qelstd::kMaxValueAllReach) {
           stoppedAt = line.number;
@@ -66,11 +64,10 @@ int RunApply(const ApplyOptions& options) {
         failed += result != 0;
         qelstd::Printf(stdout, "%d: %d  %.*s\n", line.number, result, static_cast<int>(line.written.size()),
                        line.written.data());
-        for (const auto& r : reports) qelstd::Printf(stdout, "    report: %s", r.c_str());
+        for (const auto& r : reports.Lines()) qelstd::Printf(stdout, "    report: %s", r.c_str());
       },
       why);
   if (stoppedAt) {
-    ZOLSysLogSetHook(std::move(previous));
     qelstd::Error(path, "line " + std::to_string(stoppedAt) + ": the value-all lines would reach more than " +
                             std::to_string(qelstd::kMaxValueAllReach) + " sub-nodes; stopped there, nothing saved");
     return qelstd::kNotFound;
@@ -78,12 +75,11 @@ int RunApply(const ApplyOptions& options) {
   qelstd::Printf(stdout, "\n");
   qelstd::PrintOutline(stdout, doc);
   qelstd::Printf(stdout, "\nversion: %d\n", doc.GetVersion());
-  for (const auto& r : reports) qelstd::Printf(stdout, "report: %s", r.c_str());
-  reports.clear();
+  for (const auto& r : reports.Lines()) qelstd::Printf(stdout, "report: %s", r.c_str());
+  reports.Clear();
   HRESULT saved = options.out.empty() ? S_OK : doc.SaveInFile(ZOLUnicodeString(options.out));
-  ZOLSysLogSetHook(std::move(previous));
   if (FAILED(saved)) {
-    for (const auto& r : reports) std::fprintf(stderr, "report: %s", r.c_str());
+    for (const auto& r : reports.Lines()) std::fprintf(stderr, "report: %s", r.c_str());
     qelstd::Error(options.out, "cannot be saved; nothing was written");
     return qelstd::kNotFound;
   }

@@ -5,12 +5,12 @@
 #include <utility>
 #include <vector>
 
+#include "QelstdCatalogue.h"
 #include "QelstdInput.h"
 #include "QelstdJson.h"
 #include "QelstdOutput.h"
 #include "QelstdVerb.h"
 #include "ZOLAnnStandardXMLParser.h"
-#include "ZOLSysLog.h"
 
 namespace {
 
@@ -48,11 +48,7 @@ int RunCheck(const std::string& path, bool json) {
   }
   qelstd::SetSubject(path);
   CheckResult r;
-  ZOLSysLogHook previous = ZOLSysLogSetHook([&r](bool, const char* line) {
-    std::string s = line;
-    while (!s.empty() && s.back() == '\n') s.pop_back();
-    r.reports.push_back(s);
-  });
+  qelstd::CollectedReports collected;
   ZOLAnnStandardXMLParser doc;
   r.decode = doc.DecodeXML(ZOLUnicodeString(path), 1);
   if (!json) qelstd::Printf(stdout, "file: %s\ndecode: %d (%s)\n", path.c_str(), r.decode, r.decode == 0 ? "decoded" : "failed");
@@ -65,7 +61,10 @@ int RunCheck(const std::string& path, bool json) {
       for (const auto& f : r.faults) qelstd::Printf(stdout, "  %s\n", f.c_str());
     }
   }
-  ZOLSysLogSetHook(std::move(previous));
+  for (std::string line : collected.Lines()) {
+    while (!line.empty() && line.back() == '\n') line.pop_back();
+    r.reports.push_back(std::move(line));
+  }
   bool clean = r.decode == 0 && r.faults.empty();
   if (json) {
     nlohmann::ordered_json out;
