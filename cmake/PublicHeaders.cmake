@@ -30,6 +30,7 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/QelStdToleranceDescription.h
   include/QelStdUnitDescription.h
   include/ZOLQelLocalStandardAttributes.h
+  include/LocalValue.h
   platform/ZOLBaseUnknown.h
   platform/ZOLClassDictionary.h
   platform/ZOLFile.h
