@@ -31,6 +31,7 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/QelStdUnitDescription.h
   include/ZOLQelLocalStandardAttributes.h
   include/LocalValue.h
+  include/ZOLAnnStdEngineeringSymbolsServices.h
   platform/ZOLBaseUnknown.h
   platform/ZOLClassDictionary.h
   platform/ZOLFile.h
