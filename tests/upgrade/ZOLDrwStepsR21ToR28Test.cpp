@@ -349,3 +349,48 @@ TEST_F(LaterStep, Release28AddsMirroringArrowScaleFrameFillAndWeldingLiterals) {
   const Expect white[] = {{"Root.Styles.Balloon.Default.Text.Frame.FillColor", kAbsent, "255 255 255 "}};
   Check(200, 210, white, {"D Root.General.SheetColors.View.Color"});
 }
+
+// A parent text that none of the releases knew: every value chosen by parent is left out with a
+// report, no symbol row is added or corrected, and the "else" lines of the welding steps apply.
+TEST_F(LaterStep, UnknownParentLeavesOutWhatTheParentDecides) {
+  qeltest::ChainDriver d(qeltest::Release9Lines("DIN"));
+  d.Upgrade(1, 110, true);
+  r.Clear();
+  d.Upgrade(110, 210, true);
+  EXPECT_EQ(d.GetOutcome().stagesRun, 10);
+  // Level 120: the centring of the clone, the four view kinds and two view classes whose value
+  // differs by parent, the alignment, three scale values and the separator; level 140: the welding
+  // literals. A value that is the same for every parent is added all the same.
+  EXPECT_EQ(r.CountContaining("Unknown parent standard!"), 13);
+  reports = 13;
+  const Expect rows[] = {
+      {"Root.View.ViewName.Front>", nullptr, "Automatic,Name"},
+      {"Root.View.ViewName.Detail>", nullptr, "Name"},
+      {"Root.View.ViewText>", nullptr, "TextStyleName,Name,Scale"},
+      {"Root.View.ViewText.Name.Detail/", nullptr, "1"},
+      {"Root.View.ViewText.Name.Isometric/", nullptr, "0"},
+      {"Root.View.ViewText.Scale>", nullptr, "Display"},
+      {"Root.View.ScaleSeparator", nullptr, kAbsent},
+      {"Root.Styles.Text.ViewText.Text.Justification", nullptr, "Left"},
+      {"Root.EngineeringSymbols/", nullptr, "41"},
+      {Row(1, "Charcode"), nullptr, "8727"},
+      {"Root.Annotation.Tolerance.AuxiliaryFeatureIndicators.IntersectionPlane", nullptr, "No"},
+      {"Root.Annotation.Welding.WeldingDisplay", nullptr, kAbsent},
+      {"Root.Version", nullptr, "210"},
+  };
+  for (const Expect& row : rows) EXPECT_EQ(qeltest::Probe(d.Tree(), row.probe), row.after) << row.probe;
+}
+
+// A symbol row is six texts, or nine from level 170; any other length adds nothing.
+TEST_F(LaterStep, SymbolRowOfAnotherLengthIsReportedAndNotAdded) {
+  ZOLAnnStandardXMLParser p;
+  p.AddNodeWithPath("Root:EngineeringSymbols:0", 0);
+  const std::string shortRow[] = {"<X>", "1", "KVISO1.otf", "42", ""};
+  const std::string fullRow[] = {"<X>", "1", "KVISO1.otf", "42", "", "", "Yes", "No", "No"};
+  AddEngineeringSymbol(&p, shortRow);
+  AddEngineeringSymbol(&p, fullRow);
+  EXPECT_EQ(qeltest::Probe(p, "Root.EngineeringSymbols/"), "1");
+  EXPECT_EQ(qeltest::Probe(p, "Root.EngineeringSymbols.EngineeringSymbol@ToleranceValue"), "Yes");
+  EXPECT_EQ(r.CountContaining("six or nine"), 1);
+  reports = 1;
+}
