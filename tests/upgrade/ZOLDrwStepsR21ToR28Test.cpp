@@ -235,6 +235,8 @@ TEST_F(LaterStep, Release24ColoursTheSheetRenumbersPatternsAndMovesTheVersionLas
       {Row(30, "Font"), "SYM2.font", "KVISO1.otf", IJ, WITH},
       {Row(2, "Icon16x16"), nullptr, "AAAGAAYAA8AH4A8wGRgZmBmYGJgM8AfgA8AAYABgAAA=", IJ, WITH},
       {Row(2, "Font"), "SYM1.font", "SYM1.font", AA},
+      {"Root.Dimension.SYMBCrossSide", "5.0", "9.8995", AA},
+      {"Root.Dimension.SYMBCrossSide", "5.0", "5.0", IJ},
       // The first path names the enumeration: nothing changes.
       {"Root.Styles.DatumTarget.Default.Leader.Symbol", "WhiteFilledSquare", "WhiteFilledSquare", ASME},
       // The symbol table of ISO and JIS is added anew behind the version, which then moves last.
@@ -242,7 +244,8 @@ TEST_F(LaterStep, Release24ColoursTheSheetRenumbersPatternsAndMovesTheVersionLas
       {"Root.Version^", "15", "15"},
       {"Root.Version", "160", "170"},
   };
-  Check(160, 170, rows, {"C Root.General.SheetColors.View.Color:10 20 30"});
+  Check(160, 170, rows,
+        {"C Root.General.SheetColors.View.Color:10 20 30", "V Root.Dimension:SYMBCrossSide:float:5.0"});
 }
 
 TEST_F(LaterStep, Release24FlagsWhereSymbolsMayBeOfferedAndAddsThreeRowsForIsoAndJis) {
