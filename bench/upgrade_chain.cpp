@@ -1,5 +1,6 @@
 // The upgrade chain: a release 9 standard of each parent decoded, brought to the highest level
-// whose stages are built, and saved, beside a decode and save of the text it gives.
+// whose stages are built, and saved, beside a decode and save of the text it gives; once keeping
+// the look of the standard, once taking the new delivered defaults (new symbol tables, colours).
 #include <map>
 #include <string>
 
@@ -57,9 +58,9 @@ public:
   explicit MemoryDriver(const std::string& text) : ZOLDrwParseStandard(Name()), _text(text) { Decode(); }
   int DecodeTree(ZOLAnnStandardXMLParser& parser) override { return parser.DecodeXML(ZOLUnicodeString(_text), 0); }
   // Upgrades to the highest level that is built and gives the saved text.
-  std::string UpgradeAndSave() {
+  std::string UpgradeAndSave(bool updateDefaults) {
     ZOLDrwParseStandardUpgradeOptions options;
-    options.UpdateDefaultValues = 0;
+    options.UpdateDefaultValues = updateDefaults;
     UpgradeVersion(HighestBuiltLevel(), options);
     ZOLUnicodeString out;
     _Parser->SaveInString(out);
@@ -83,10 +84,12 @@ private:
   std::string _text;
 };
 
-std::string Upgrade(const std::string& release9) { return MemoryDriver(release9).UpgradeAndSave(); }
+std::string Upgrade(const std::string& release9, bool updateDefaults) {
+  return MemoryDriver(release9).UpgradeAndSave(updateDefaults);
+}
 
 struct Texts {
-  std::string release9, upgraded;
+  std::string release9, upgraded, upgradedWithDefaults;
 };
 
 // Made once per parent; the map keeps each where it is, for the benchmarks that hold it.
@@ -95,7 +98,8 @@ const Texts& TextsOf(const std::string& parent) {
   auto [at, added] = cache.try_emplace(parent);
   if (added) {
     at->second.release9 = Release9Text(parent);
-    at->second.upgraded = Upgrade(at->second.release9);
+    at->second.upgraded = Upgrade(at->second.release9, false);
+    at->second.upgradedWithDefaults = Upgrade(at->second.release9, true);
   }
   return at->second;
 }
@@ -106,22 +110,28 @@ int main(int argc, char** argv) {
   qelbench::Plan plan;
   for (const char* parent : kParents) {
     const Texts& texts = TextsOf(parent);
-    benchmark::RegisterBenchmark((std::string("BM_UpgradeChain/") + parent).c_str(),
-                                 [&texts](benchmark::State& state) {
-                                   for (auto _ : state) benchmark::DoNotOptimize(Upgrade(texts.release9).size());
-                                   state.SetLabel("level 1 to " + std::to_string(MemoryDriver::HighestBuiltLevel()) +
-                                                  ", " + std::to_string(texts.upgraded.size()) + " bytes out");
-                                 })
-        ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark((std::string("BM_DecodeAndSave/") + parent).c_str(),
-                                 [&texts](benchmark::State& state) {
-                                   for (auto _ : state) qelbench::DecodeAndSave(texts.upgraded);
-                                 })
-        ->Unit(benchmark::kMillisecond);
-    plan.ratios.push_back({std::string("upgrade chain / decode+save of its result, ") + parent,
-                           qelbench::Loop("chain", [&texts] { benchmark::DoNotOptimize(Upgrade(texts.release9).size()); }),
-                           {qelbench::Loop("decode+save", [&texts] { qelbench::DecodeAndSave(texts.upgraded); })},
-                           2.0});
+    for (bool defaults : {false, true}) {
+      const std::string& result = defaults ? texts.upgradedWithDefaults : texts.upgraded;
+      const std::string suffix = std::string(parent) + (defaults ? "/UpdateDefaultValues" : "");
+      benchmark::RegisterBenchmark(("BM_UpgradeChain/" + suffix).c_str(),
+                                   [&texts, &result, defaults](benchmark::State& state) {
+                                     for (auto _ : state)
+                                       benchmark::DoNotOptimize(Upgrade(texts.release9, defaults).size());
+                                     state.SetLabel("level 1 to " + std::to_string(MemoryDriver::HighestBuiltLevel()) +
+                                                    ", " + std::to_string(result.size()) + " bytes out");
+                                   })
+          ->Unit(benchmark::kMillisecond);
+      benchmark::RegisterBenchmark(("BM_DecodeAndSave/" + suffix).c_str(),
+                                   [&result](benchmark::State& state) {
+                                     for (auto _ : state) qelbench::DecodeAndSave(result);
+                                   })
+          ->Unit(benchmark::kMillisecond);
+      plan.ratios.push_back(
+          {"upgrade chain / decode+save of its result, " + suffix,
+           qelbench::Loop("chain", [&texts, defaults] { benchmark::DoNotOptimize(Upgrade(texts.release9, defaults).size()); }),
+           {qelbench::Loop("decode+save", [&result] { qelbench::DecodeAndSave(result); })},
+           2.0});
+    }
   }
   return qelbench::Main(argc, argv, plan);
 }

@@ -3,6 +3,7 @@
 #pragma once
 #include <gtest/gtest.h>
 
+#include <map>
 #include <span>
 #include <string>
 #include <string_view>
@@ -187,5 +188,39 @@ struct Expect {
   int parents = 0;
   int option = 0;
 };
+
+inline constexpr int kWithout = 1, kWith = 2;
+
+/// Whether a row is read for a parent and a setting of the option.
+inline bool Applies(const Expect& row, int parentBit, bool option) {
+  if (row.parents && !(row.parents & parentBit)) return false;
+  return !((row.option == kWithout && option) || (row.option == kWith && !option));
+}
+
+/// Runs one stage from..to over a release 9 standard of a parent brought to level from, after the
+/// set-up lines, and checks the rows on the saved and decoded result. The report counts are the
+/// caller's.
+inline void RunStep(const Parent& parent, bool option, int from, int to, std::span<const Expect> rows,
+                    const std::vector<std::string>& setup = {}) {
+  const std::string run = std::string(parent.name) + (option ? " with" : " without") + " the option";
+  ChainDriver d(Release9Lines(parent.name));
+  d.Upgrade(1, from, option);
+  ASSERT_EQ(d.GetOutcome().levelReached, from) << run;
+  ApplyLines(d.Tree(), setup);
+  std::map<const Expect*, std::string> before;
+  for (const Expect& row : rows)
+    if (row.before && Applies(row, parent.bit, option)) before[&row] = Probe(d.Tree(), row.probe);
+  d.Upgrade(from, to, option);
+  ASSERT_EQ(d.GetOutcome().stagesRun, 1) << run;
+  ZOLAnnStandardXMLParser decoded;
+  ASSERT_EQ(decoded.DecodeXML(d.Saved(), 0), 0) << run;
+  for (const Expect& row : rows) {
+    if (!Applies(row, parent.bit, option)) continue;
+    if (row.before) {
+      EXPECT_EQ(before[&row], row.before) << run << ", before: " << row.probe;
+    }
+    EXPECT_EQ(Probe(decoded, row.probe), row.after) << run << ": " << row.probe;
+  }
+}
 
 }  // namespace qeltest

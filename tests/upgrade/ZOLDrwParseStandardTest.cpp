@@ -234,12 +234,12 @@ TEST_F(UpgradeWalk, BlockedUpgradeWritesNoFile) {
   qeltest::ScratchDir dir;
   ZOLUnicodeString input("/somewhere/std.xml");
   Decoded d(input, WithParent("ISO"));
-  d.SetStartLevel(150);
+  d.SetStartLevel(210);
   ZOLDrwParseStandardUpgradeOptions options;
   d.EncodeToVersion(-1, options, (dir / "std.xml").c_str());
   EXPECT_FALSE(std::filesystem::exists(dir / "std.xml"));
   EXPECT_FALSE(d.GetOutcome().saved);
-  EXPECT_EQ(d.GetOutcome().blockedFrom, 150);
+  EXPECT_EQ(d.GetOutcome().blockedFrom, 210);
   EXPECT_EQ(r.CountContaining("not built yet"), 1);
   reports = 1;
 }

@@ -1,6 +1,7 @@
 // The chain of upgrade stages, oldest first. A stage runs when the start level is at most its
 // From level and the target is the current level or at least its To level.
 #include "upgrade/migration/ZOLDrwMigration.h"
+#include "upgrade/migration/ZOLDrwMigrateR21ToR28.h"
 #include "upgrade/migration/ZOLDrwStyleBuilders.h"
 
 namespace {
@@ -20,16 +21,16 @@ constexpr ZOLDrwMigrationStage kStages[] = {
     {80, 90, S::EditsTree, "Migrate16To17n1X", &Migrate16To17n1X},
     {90, 100, S::EditsTree, "Migrate17To18n1X1", &Migrate17To18n1X1},
     {100, 110, S::EditsTree, "Migrate18To20n208", &Migrate18To20n208},
-    {110, 120, S::EditsTree, "Migrate20To21n209", nullptr},
-    {120, 130, S::EditsTree, "Migrate209To21n210", nullptr},
-    {130, 140, S::EditsTree, "Migrate210To21n211", nullptr},
-    {140, 150, S::EditsTree, "Migrate211To23n213", nullptr},
-    {150, 160, S::EditsTree, "Migrate213To23n214", nullptr},
-    {160, 170, S::EditsTree, "Migrate214To24n215", nullptr},
-    {170, 180, S::EditsTree, "Migrate215To24n216", nullptr},
-    {180, 190, S::EditsTree, "Migrate216To25n417", nullptr},
-    {190, 200, S::EditsTree, "Migrate417To27n419", nullptr},
-    {200, 210, S::EditsTree, "Migrate419To28n420", nullptr},
+    {110, 120, S::EditsTree, "Migrate20To21n209", &Migrate20To21n209},
+    {120, 130, S::EditsTree, "Migrate209To21n210", &Migrate209To21n210},
+    {130, 140, S::EditsTree, "Migrate210To21n211", &Migrate210To21n211},
+    {140, 150, S::EditsTree, "Migrate211To23n213", &Migrate211To23n213},
+    {150, 160, S::EditsTree, "Migrate213To23n214", &Migrate213To23n214},
+    {160, 170, S::EditsTree, "Migrate214To24n215", &Migrate214To24n215},
+    {170, 180, S::EditsTree, "Migrate215To24n216", &Migrate215To24n216},
+    {180, 190, S::EditsTree, "Migrate216To25n417", &Migrate216To25n417},
+    {190, 200, S::EditsTree, "Migrate417To27n419", &Migrate417To27n419},
+    {200, 210, S::EditsTree, "Migrate419To28n420", &Migrate419To28n420},
     {210, 220, S::EditsTree, "Migrate420To29n421", nullptr},
     {220, 230, S::EditsTree, "Migrate421To30n422", nullptr},
     {230, 240, S::EditsTree, "Migrate422To31n423", nullptr},

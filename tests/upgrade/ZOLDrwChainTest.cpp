@@ -1,5 +1,5 @@
-// A release 9 standard through the whole chain to level 110, for each parent: telling values of
-// every step at once, a saved text that does not change from run to run, a parent that the releases
+// A release 9 standard through the whole chain to level 210, for each parent and both settings of
+// the option: telling values of every step at once, a saved text that does not change from run to run, a parent that the releases
 // did not know, the style builders that later releases call, and the upgrade as a user runs it.
 #include <gtest/gtest.h>
 
@@ -17,7 +17,8 @@ namespace {
 using qeltest::Expect;
 using qeltest::kAbsent;
 
-constexpr int ANSI = 1, ASME = 2, ISO = 4, JIS = 8, AA = 3, IJ = 12;
+constexpr int ANSI = 1, ASME = 2, ISO = 4, JIS = 8, AA = 3, IJ = 12, ALL = 0;
+constexpr int WITHOUT = qeltest::kWithout, WITH = qeltest::kWith;
 
 class Chain : public ZOLReportCountTest {};
 
@@ -27,11 +28,27 @@ struct At110 {
   qeltest::ChainDriver driver;
 };
 
+// The line-type font text as release 11 delivered it, unchanged by every later step.
+void CheckLineFont(ZOLAnnStandardXMLParser& decoded, const char* parent) {
+  const std::string font = decoded.GetValueWithPath("Root.LineTypes.font").str();
+  EXPECT_EQ(font.rfind("60  60\n", 0), 0u) << parent;
+  size_t glyphs = 0;
+  for (size_t at = font.find("\n$ "); at != std::string::npos; at = font.find("\n$ ", at + 1)) ++glyphs;
+  EXPECT_EQ(glyphs, 82u) << parent;
+  for (const char* line : {"\n$ 0020  ;\n", "\n$ 0040      60  0  ;\n",
+                           "\n/ CONTINUOUS + DASH UNDERNEATH\n$ 0044  000 030  048 000  128 000  -32 -16  016 000  ;\n",
+                           "\n/\n/                     DOT FAMILY\n/\n$ 00C4  000 030  016 000  128 000  016 000  000 000  ;\n",
+                           "\n/                     CONTINUOUS FAMILY\n/\n/                     ***********************\n/\n"})
+    EXPECT_NE(font.find(line), std::string::npos) << parent << ": " << line;
+  EXPECT_TRUE(font.ends_with("***********************\n/\n")) << parent;
+  EXPECT_EQ(font.find("$ 00D5"), std::string::npos) << parent << ": LineType17's glyph was never delivered";
+}
+
 }  // namespace
 
-TEST_F(Chain, Release9StandardReachesLevel110WithEveryStepsMark) {
+TEST_F(Chain, Release9StandardReachesLevel210WithEveryStepsMark) {
   const Expect rows[] = {
-      {"version", nullptr, "110"},
+      {"version", nullptr, "210"},
       {"Root>", nullptr,
        "Styles,General,DressUp,Dimension,Annotation,ToleranceFormats,ValueFormats,View,Frames,LineThickness,Patterns,"
        "LineTypes,SheetFormat,ViewsSet,EngineeringSymbols,Version"},
@@ -62,7 +79,9 @@ TEST_F(Chain, Release9StandardReachesLevel110WithEveryStepsMark) {
       // release 16
       {"Root.Styles.DimensionsSystem.Default.AlignCumulated~", nullptr, "DimSysAlign"},
       // release 17
-      {"Root.EngineeringSymbols.EngineeringSymbol{20}@Font", nullptr, "SYM2.font", IJ},
+      {"Root.EngineeringSymbols.EngineeringSymbol{20}@Font", nullptr, "SYM2.font", IJ, WITHOUT},
+      // the table of ISO and JIS is rewritten at level 170 with the option
+      {"Root.EngineeringSymbols.EngineeringSymbol{20}@Font", nullptr, "KVISO1.otf", IJ, WITH},
       {"Root.EngineeringSymbols.EngineeringSymbol{20}@Font", nullptr, "SYM1.font", AA},
       {"Root.DressUp.Symbols.DoubleFilledArrow.Angle", nullptr, "30", IJ},
       // release 18
@@ -70,38 +89,58 @@ TEST_F(Chain, Release9StandardReachesLevel110WithEveryStepsMark) {
       {"Root.Styles.BomStyle.Default.Properties.BomProperties{5}@Index", nullptr, "5"},
       // release 20
       {"Root.Styles.SectionCallout.Default.Arrows.Position", nullptr, "0", AA},
-      {"Root.Styles.ProjectionCallout.Default.Type", nullptr, "Lines, corners and arrows"},
+      {"Root.Styles.ProjectionCallout.Default.Type", nullptr, "Lines, corners and arrows", ALL, WITHOUT},
+      // level 120
+      {"Root.View.ViewName.Detail.Automatic", nullptr, "No", IJ},
+      {"Root.View.ViewText.Scale.ScaleString", nullptr, "#SCALE#: #SCALE_ATTR#", AA},
+      {"Root.Styles.Text>", nullptr, "Default,ViewText", ALL, WITH},
+      // levels 130 and 140
+      {"Root.Styles.DatumTarget.Default>", nullptr,
+       "Diameter,OrientationReference,Angle,AnchorPoint,Display,Font,Graphic,Leader,SizeSpecifier,Movable"},
+      {"Enum.WeldingSymbol[24]", nullptr, "InclinedJointEdgeWelding", IJ},
+      // levels 150 and 160
+      {"Root.Styles.BillOfMaterial.Default.Properties.BomProperties{6}@Name", nullptr, "Weight", ALL, WITH},
+      {"Root.Styles.BillOfMaterial", nullptr, kAbsent, ALL, WITHOUT},
+      {"Root.ToleranceFormats.ToleranceDisplay@TolDispFact", nullptr, "1.0"},
+      // level 170
+      {"Root.General.SheetColors.3DDesign.Color", nullptr, "255 255 255", ALL, WITHOUT},
+      {"Root.Patterns.dotting/", nullptr, "2", ALL, WITH},
+      {"Root.Patterns.hatching.hatchings{7}@Position", nullptr, "7"},
+      // levels 180 and 190: the symbol tables of ISO and JIS with the option, and of the rest
+      {"Root.EngineeringSymbols/", nullptr, "71", IJ, WITH},
+      {"Root.EngineeringSymbols/", nullptr, "61", AA, WITH},
+      {"Root.EngineeringSymbols/", nullptr, "41", ALL, WITHOUT},
+      {"Root.EngineeringSymbols.EngineeringSymbol{50}@ToleranceValue", nullptr, "Yes", IJ, WITH},
+      {"Root.EngineeringSymbols.EngineeringSymbol{41}@Notes", nullptr, "Yes", ALL, WITHOUT},
+      {"Root.Frames.FrameDef{12}@Pos", nullptr, "12"},
+      // levels 200 and 210
+      {"Root.Annotation.Welding.WeldingDisplay", nullptr, "System-A", ISO},
+      {"Root.Annotation.Tolerance.AuxiliaryFeatureIndicators.IntersectionPlane", nullptr, "No", AA},
+      {"Root.Styles.Text.Default.Text.Frame>", nullptr, "FrameName,Fill,FillColor,HorizontalMargin,VerticalMargin"},
+      {"Root.Styles.Balloon.Default.Text.Frame.FillColor", nullptr, "255 255 255"},
   };
   for (const qeltest::Parent& parent : qeltest::kParents) {
-    std::string first;
-    for (int run = 0; run < 2; ++run) {
-      At110 std(parent.name);
-      ASSERT_EQ(std.driver.GetOutcome().stagesRun, 10) << parent.name;
-      const std::string text = std.driver.Saved();
-      if (run == 0) first = text;
-      EXPECT_EQ(text, first) << parent.name << ": a second run saves other bytes";
-    }
-    EXPECT_EQ(r.Count(), 0) << parent.name << ": " << (r.Count() ? r.Lines()[0] : "");
-    ZOLAnnStandardXMLParser decoded;
-    ASSERT_EQ(decoded.DecodeXML(first, 0), 0) << parent.name;
-    EXPECT_EQ(decoded.Check(), 1) << parent.name << ": every enumerated value is defined";
-    for (const Expect& row : rows) {
-      if (!row.parents || (row.parents & parent.bit)) {
-        EXPECT_EQ(qeltest::Probe(decoded, row.probe), row.after) << parent.name << ": " << row.probe;
+    for (bool option : {false, true}) {
+      const std::string run = std::string(parent.name) + (option ? " with" : " without") + " the option";
+      std::string first;
+      for (int pass = 0; pass < 2; ++pass) {
+        qeltest::ChainDriver d(qeltest::Release9Lines(parent.name));
+        d.Upgrade(1, 210, option);
+        ASSERT_EQ(d.GetOutcome().stagesRun, 20) << run;
+        const std::string text = d.Saved();
+        if (pass == 0) first = text;
+        EXPECT_EQ(text, first) << run << ": a second run saves other bytes";
       }
+      EXPECT_EQ(r.Count(), 0) << run << ": " << (r.Count() ? r.Lines()[0] : "");
+      ZOLAnnStandardXMLParser decoded;
+      ASSERT_EQ(decoded.DecodeXML(first, 0), 0) << run;
+      EXPECT_EQ(decoded.Check(), 1) << run << ": every enumerated value is defined";
+      for (const Expect& row : rows)
+        if (qeltest::Applies(row, parent.bit, option)) {
+          EXPECT_EQ(qeltest::Probe(decoded, row.probe), row.after) << run << ": " << row.probe;
+        }
+      if (!option) CheckLineFont(decoded, parent.name);
     }
-    const std::string font = decoded.GetValueWithPath("Root.LineTypes.font").str();
-    EXPECT_EQ(font.rfind("60  60\n", 0), 0u) << parent.name;
-    size_t glyphs = 0;
-    for (size_t at = font.find("\n$ "); at != std::string::npos; at = font.find("\n$ ", at + 1)) ++glyphs;
-    EXPECT_EQ(glyphs, 82u) << parent.name;
-    for (const char* line : {"\n$ 0020  ;\n", "\n$ 0040      60  0  ;\n",
-                             "\n/ CONTINUOUS + DASH UNDERNEATH\n$ 0044  000 030  048 000  128 000  -32 -16  016 000  ;\n",
-                             "\n/\n/                     DOT FAMILY\n/\n$ 00C4  000 030  016 000  128 000  016 000  000 000  ;\n",
-                             "\n/                     CONTINUOUS FAMILY\n/\n/                     ***********************\n/\n"})
-      EXPECT_NE(font.find(line), std::string::npos) << parent.name << ": " << line;
-    EXPECT_TRUE(font.ends_with("***********************\n/\n")) << parent.name;
-    EXPECT_EQ(font.find("$ 00D5"), std::string::npos) << parent.name << ": LineType17's glyph was never delivered";
   }
 }
 
