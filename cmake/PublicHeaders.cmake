@@ -23,9 +23,12 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/ZOLDrwStdSheetStyle.h
   include/ZOLFormatOrientationsType.h
   include/ZOLIDftStandard.h
+  include/ZOLIDftStyle.h
+  include/ZOLIDftStyleManager.h
   include/ZOLIDrwStandard.h
   include/ZOLIQelStandard.h
   include/ZOLListValZOLDrwStdSheetStyle.h
+  include/ZOLVotDftStyle.h
   include/QelStandardServices.h
   include/QelStdToleranceDescription.h
   include/QelStdUnitDescription.h
@@ -34,6 +37,7 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   platform/ZOLClassDictionary.h
   platform/ZOLFile.h
   platform/ZOLGUID.h
+  platform/ZOLIUnknownList.h
   platform/ZOLListValZOLUnicodeString.h
   platform/ZOLMetaClass.h
   platform/ZOLQelInstCount.h
