@@ -27,7 +27,11 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/ZOLIDftStyleManager.h
   include/ZOLIDrwStandard.h
   include/ZOLIQelStandard.h
+  include/ZOLIStandardManager.h
+  include/ZOLIStandardObject.h
+  include/ZOLIStandardValue.h
   include/ZOLListValZOLDrwStdSheetStyle.h
+  include/ZOLListValZOLIStandardObject_var.h
   include/ZOLVotDftStyle.h
   include/QelStandardServices.h
   include/QelStdToleranceDescription.h
