@@ -15,6 +15,7 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/ZOLDftStandardValueType.h
   include/ZOLDftStdNamespace.h
   include/ZOLDftStdPersistence.h
+  include/ZOLDftStyleToolbox.h
   include/ZOLDftXMLNodeID.h
   include/ZOLDftXMLNodeIterator.h
   include/ZOLDrwParseStandard.h
@@ -41,10 +42,14 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   platform/ZOLClassDictionary.h
   platform/ZOLFile.h
   platform/ZOLGUID.h
+  platform/ZOLIDftElementWithStandard.h
+  platform/ZOLIDftElementWithStyle.h
+  platform/ZOLIVisProperties.h
   platform/ZOLIUnknownList.h
   platform/ZOLListValZOLUnicodeString.h
   platform/ZOLMetaClass.h
   platform/ZOLQelInstCount.h
+  platform/ZOLQelVisuEventsToolbox.h
   platform/ZOLRefCounted.h
   platform/ZOLResult.h
   platform/ZOLStdServices.h
@@ -54,6 +59,7 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   platform/ZOLTrace.h
   platform/ZOLUnicodeString.h
   platform/ZOLVar.h
+  platform/ZOLVisPropertiesValues.h
   platform/ZOLXMLDOM.h
   platform/ZOLXMLSAX.h
   platform/ZOLXMLSAXIds.h)
