@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Runs every fuzz target of a build folder for the given number of seconds.
+# Runs every fuzz target of a build folder for the given number of seconds. fuzz/<name>.options, if
+# there, holds further libFuzzer flags of that target on one line (e.g. -max_len=1048576).
 set -euo pipefail
 build=$1; seconds=${2:-60}
 here=$(cd "$(dirname "$0")" && pwd)
@@ -13,8 +14,10 @@ for exe in "$build"/fuzz/fuzz_*; do
   echo "== fuzz $name for ${seconds}s"
   dict=()
   [ -f "$here/$name.dict" ] && dict=(-dict="$here/$name.dict")
+  options=()
+  [ -f "$here/$name.options" ] && read -r -a options < "$here/$name.options"
   if ! ASAN_OPTIONS=detect_leaks=1 "$exe" -max_total_time="$seconds" -print_final_stats=1 \
-       "${dict[@]}" "$work" "${seeds[@]}" 2>"$work.log"; then
+       "${dict[@]}" "${options[@]}" "$work" "${seeds[@]}" 2>"$work.log"; then
     tail -n 60 "$work.log"; status=1
   else
     grep -E '^stat::number_of_executed_units|^Done' "$work.log" || true
