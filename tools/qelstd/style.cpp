@@ -3,9 +3,12 @@
 #include <nlohmann/json.hpp>
 
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
+#include "QelstdJson.h"
+#include "QelstdOutput.h"
 #include "QelstdStandard.h"
 #include "QelstdVerb.h"
 #include "ZOLDftStandardServices.h"
@@ -41,7 +44,7 @@ std::string Text(const nlohmann::ordered_json& v) {
     for (const auto& e : v) all += (all.empty() ? "" : " ") + Text(e);
     return all;
   }
-  return v.dump();
+  return qelstd::JsonText(v);
 }
 
 // Reads one filed value through the style: kind is what the standard filed it as.
@@ -158,11 +161,11 @@ void Setup(CLI::App& app, int* status) {
                                     {"values", nlohmann::ordered_json::array()}};
       for (const Value& v : values)
         out["values"].push_back({{"path", v.path}, {"index", v.index}, {"type", v.type}, {"kind", v.kind}, {"value", v.value}});
-      std::printf("%s\n", out.dump().c_str());
+      qelstd::Printf(stdout, "%s\n", qelstd::JsonText(out).c_str());
     } else {
       for (const Value& v : values) {
         std::string path = v.path + (v.index != 1 ? "[" + std::to_string(v.index) + "]" : "");
-        std::printf("%s\t%s\ttype %d %s\n", path.c_str(), Text(v.value).c_str(), v.type, v.kind);
+        qelstd::Printf(stdout, "%s\t%s\ttype %d %s\n", path.c_str(), Text(v.value).c_str(), v.type, v.kind);
       }
     }
     *status = qelstd::kDone;

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "QelstdJson.h"
+#include "QelstdOutput.h"
 #include "QelstdStandard.h"
 #include "QelstdVerb.h"
 #include "ZOLIDftStyle.h"
@@ -98,11 +100,11 @@ void Setup(CLI::App& app, int* status) {
       nlohmann::ordered_json out = {{"standard", *standard}, {"types", nlohmann::ordered_json::array()}};
       for (const StyleType& t : types)
         out["types"].push_back({{"type", t.name}, {"default", t.defaultStyle}, {"defaultPresent", t.defaultPresent}, {"styles", t.styles}});
-      std::printf("%s\n", out.dump().c_str());
+      qelstd::Printf(stdout, "%s\n", qelstd::JsonText(out).c_str());
     } else {
       for (const StyleType& t : types) {
-        std::printf("%s\tdefault %s%s\n", t.name.c_str(), t.defaultStyle.c_str(), t.defaultPresent ? "" : " (absent)");
-        for (const std::string& name : t.styles) std::printf("  %s\n", name.c_str());
+        qelstd::Printf(stdout, "%s\tdefault %s%s\n", t.name.c_str(), t.defaultStyle.c_str(), t.defaultPresent ? "" : " (absent)");
+        for (const std::string& name : t.styles) qelstd::Printf(stdout, "  %s\n", name.c_str());
       }
     }
     *status = qelstd::kDone;
