@@ -20,6 +20,7 @@ public:
   /// Null: a style is made by a style manager, not through the class dictionary.
   static ZOLBaseUnknown* CreateItself() { return nullptr; }
 
+  // The operations of ZOLIDftStyle, as told there; each read goes to the standard at "type.name.iPath".
   HRESULT GetName(wchar_t** oName) override;
   HRESULT GetType(wchar_t** oType) override;
   unsigned char HasNode(const char* iPath) override;

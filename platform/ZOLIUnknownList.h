@@ -37,6 +37,7 @@ public:
   static const ZOLMetaClass* MetaObject();
   const ZOLMetaClass* GetMetaObject() const override { return MetaObject(); }
 
+  // The operations of ZOLIUnknownList, as told there.
   HRESULT Add(int iPosition, ZOLBaseUnknown* iObject) override;
   HRESULT Count(int* oCount) override;
   HRESULT Item(int iPosition, ZOLBaseUnknown** oObject) override;
