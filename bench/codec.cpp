@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "QelBenchDocument.h"
 #include "QelBenchMain.h"
 #include "ZOLAnnStandardXMLParser.h"
 
@@ -70,14 +71,6 @@ void Decode(const std::string& text) {
   benchmark::DoNotOptimize(doc.DecodeXML(ZOLUnicodeString(text), 0));
 }
 
-void DecodeAndSave(const std::string& text) {
-  ZOLAnnStandardXMLParser doc;
-  doc.DecodeXML(ZOLUnicodeString(text), 0);
-  ZOLUnicodeString out;
-  doc.SaveInString(out);
-  benchmark::DoNotOptimize(out.str().data());
-}
-
 void RawParse(const std::string& text) {
   xmlDocPtr doc = xmlReadMemory(text.data(), static_cast<int>(text.size()), "bench", nullptr, XML_PARSE_NONET);
   benchmark::DoNotOptimize(doc);
@@ -120,7 +113,7 @@ BENCHMARK(BM_SaveInString)->Unit(benchmark::kMillisecond);
 
 void BM_DecodeAndSave(benchmark::State& state) {
   const std::string& text = StandardText();
-  for (auto _ : state) DecodeAndSave(text);
+  for (auto _ : state) qelbench::DecodeAndSave(text);
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * text.size()));
 }
 BENCHMARK(BM_DecodeAndSave)->Unit(benchmark::kMillisecond);
@@ -151,7 +144,7 @@ int main(int argc, char** argv) {
   qelbench::Plan plan;
   plan.ratios.push_back({"decode / raw libxml2 parse", qelbench::Loop("decode", [&text] { Decode(text); }),
                          {qelbench::Loop("raw parse", [&text] { RawParse(text); })}});
-  plan.ratios.push_back({"decode+save / raw parse+dump", qelbench::Loop("decode+save", [&text] { DecodeAndSave(text); }),
+  plan.ratios.push_back({"decode+save / raw parse+dump", qelbench::Loop("decode+save", [&text] { qelbench::DecodeAndSave(text); }),
                          {qelbench::Loop("raw parse+dump", [&text] { RawParseAndDump(text); })}});
   return qelbench::Main(argc, argv, plan);
 }

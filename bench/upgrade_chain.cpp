@@ -3,6 +3,7 @@
 #include <map>
 #include <string>
 
+#include "QelBenchDocument.h"
 #include "QelBenchMain.h"
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDrwParseStandard.h"
@@ -84,14 +85,6 @@ private:
 
 std::string Upgrade(const std::string& release9) { return MemoryDriver(release9).UpgradeAndSave(); }
 
-void DecodeAndSave(const std::string& text) {
-  ZOLAnnStandardXMLParser doc;
-  doc.DecodeXML(ZOLUnicodeString(text), 0);
-  ZOLUnicodeString out;
-  doc.SaveInString(out);
-  benchmark::DoNotOptimize(out.str().data());
-}
-
 struct Texts {
   std::string release9, upgraded;
 };
@@ -122,12 +115,12 @@ int main(int argc, char** argv) {
         ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark((std::string("BM_DecodeAndSave/") + parent).c_str(),
                                  [&texts](benchmark::State& state) {
-                                   for (auto _ : state) DecodeAndSave(texts.upgraded);
+                                   for (auto _ : state) qelbench::DecodeAndSave(texts.upgraded);
                                  })
         ->Unit(benchmark::kMillisecond);
     plan.ratios.push_back({std::string("upgrade chain / decode+save of its result, ") + parent,
                            qelbench::Loop("chain", [&texts] { benchmark::DoNotOptimize(Upgrade(texts.release9).size()); }),
-                           {qelbench::Loop("decode+save", [&texts] { DecodeAndSave(texts.upgraded); })},
+                           {qelbench::Loop("decode+save", [&texts] { qelbench::DecodeAndSave(texts.upgraded); })},
                            2.0});
   }
   return qelbench::Main(argc, argv, plan);

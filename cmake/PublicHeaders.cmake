@@ -38,6 +38,8 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/QelStdToleranceDescription.h
   include/QelStdUnitDescription.h
   include/ZOLQelLocalStandardAttributes.h
+  include/LocalValue.h
+  include/ZOLAnnStdEngineeringSymbolsServices.h
   platform/ZOLBaseUnknown.h
   platform/ZOLClassDictionary.h
   platform/ZOLFile.h

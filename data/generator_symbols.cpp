@@ -230,6 +230,13 @@ Look LookOfFont(const std::string& font) {
   return LookSlanted;
 }
 
+std::string HandDrawnIcon(const std::string& key) {
+  static const std::map<std::string, Bitmap> bitmaps = LoadBitmaps();
+  auto it = bitmaps.find(key);
+  if (it == bitmaps.end()) Fail("icon_bitmaps.txt", "no bitmap " + key);
+  return Encode(it->second);
+}
+
 std::vector<Symbol> LoadSymbols() {
   auto letters = LoadLetters();
   auto bitmaps = LoadBitmaps();

@@ -27,6 +27,9 @@ struct Symbol {
 /// The look of the icons of a font.
 Look LookOfFont(const std::string& font);
 
+/// The base64 icon of a hand-drawn bitmap of icon_bitmaps.txt, by "name look size"; stops the tool when there is none.
+std::string HandDrawnIcon(const std::string& key);
+
 /// The catalogue with the icons of every symbol in every look; stops the tool on a fault of the tables.
 std::vector<Symbol> LoadSymbols();
 

@@ -58,7 +58,8 @@ void ZOLDrwParseStandard::Decode() {
   }
   _Parser = new ZOLAnnStandardXMLParser();
   // A file that does not decode still counts as decoded: its empty tree tells level and parent, which
-  // the catalogue reads. Only the writers refuse it.
+  // the catalogue reads, and Encode saves what was read. A caller that must not save a tree read in
+  // part asks DecodeFailed first.
   _DecodeFailed = DecodeTree(*_Parser) != 0;
   _Decoded = 1;
   _Version = _Parser->GetVersion();
@@ -105,7 +106,7 @@ ZOLDrwParseParameter* ZOLDrwParseStandard::GetParameter(const ZOLUnicodeString& 
 void ZOLDrwParseStandard::Encode(const char* directory, ZOLString& outputPath,
                                  ZOLDrwParseStandardUpgradeOptions& options) {
   outputPath = "";
-  if (!_DecodeFailed) CreateOutput(directory, outputPath);
+  CreateOutput(directory, outputPath);
   EncodeToVersion(-1, options, outputPath.ConvertToChar());
 }
 
@@ -127,14 +128,6 @@ void ZOLDrwParseStandard::CreateOutput(const char* directory, ZOLString& outputP
 void ZOLDrwParseStandard::EncodeToVersion(int target, ZOLDrwParseStandardUpgradeOptions& options,
                                           const char* outputPath) {
   if (!_Decoded) return;
-  if (_DecodeFailed) {
-    // A tree read in part would be saved as if it were the whole standard.
-    _Outcome = Outcome();
-    _Outcome.levelReached = _Version;
-    _Outcome.decodeFailed = true;
-    ZOLAssertMessage("File did not decode; nothing written");
-    return;
-  }
   UpgradeVersion(target, options);
   if (!_Parser) {
     ZOLAssertPointer("");
