@@ -15,6 +15,7 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/ZOLDftStandardValueType.h
   include/ZOLDftStdNamespace.h
   include/ZOLDftStdPersistence.h
+  include/ZOLDftStyleToolbox.h
   include/ZOLDftXMLNodeID.h
   include/ZOLDftXMLNodeIterator.h
   include/ZOLDrwParseStandard.h
@@ -23,9 +24,16 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/ZOLDrwStdSheetStyle.h
   include/ZOLFormatOrientationsType.h
   include/ZOLIDftStandard.h
+  include/ZOLIDftStyle.h
+  include/ZOLIDftStyleManager.h
   include/ZOLIDrwStandard.h
   include/ZOLIQelStandard.h
+  include/ZOLIStandardManager.h
+  include/ZOLIStandardObject.h
+  include/ZOLIStandardValue.h
   include/ZOLListValZOLDrwStdSheetStyle.h
+  include/ZOLListValZOLIStandardObject_var.h
+  include/ZOLVotDftStyle.h
   include/QelStandardServices.h
   include/QelStdToleranceDescription.h
   include/QelStdUnitDescription.h
@@ -36,9 +44,14 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   platform/ZOLClassDictionary.h
   platform/ZOLFile.h
   platform/ZOLGUID.h
+  platform/ZOLIDftElementWithStandard.h
+  platform/ZOLIDftElementWithStyle.h
+  platform/ZOLIVisProperties.h
+  platform/ZOLIUnknownList.h
   platform/ZOLListValZOLUnicodeString.h
   platform/ZOLMetaClass.h
   platform/ZOLQelInstCount.h
+  platform/ZOLQelVisuEventsToolbox.h
   platform/ZOLRefCounted.h
   platform/ZOLResult.h
   platform/ZOLStdServices.h
@@ -48,6 +61,7 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   platform/ZOLTrace.h
   platform/ZOLUnicodeString.h
   platform/ZOLVar.h
+  platform/ZOLVisPropertiesValues.h
   platform/ZOLXMLDOM.h
   platform/ZOLXMLSAX.h
   platform/ZOLXMLSAXIds.h)

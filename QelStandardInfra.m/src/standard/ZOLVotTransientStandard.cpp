@@ -8,7 +8,9 @@
 #include "ZOLFile.h"
 #include "ZOLSysLog.h"
 #include "ZOLXMLSAXIds.h"
+#include "ZOLIDrwStandard.h"
 #include "standard/ZOLVotStandardLoader.h"
+#include "standard/ZOLVotStandardValue.h"
 
 ZOLImplementMetaObject(ZOLVotTransientStandard, Implementation, ZOLBaseUnknown::MetaObject(), "QelStandardInfra",
                        nullptr, "ZOLNull")
@@ -161,7 +163,8 @@ HRESULT ZOLVotTransientStandard::GetReserved19(int, int* oValue) {
 
 HRESULT ZOLVotTransientStandard::GetStandardValue(ZOLIStandardValue** oValue) {
   if (oValue) *oValue = nullptr;
-  return Stub();  // value objects come with their own class
+  ZOLIDrwStandard_var self(GetImpl());
+  return CreateStandardValue(self, oValue);
 }
 
 HRESULT ZOLVotTransientStandard::GetStandardValue(ZOLIStandardValue** oValue, char** oFirst, char** oSecond) {

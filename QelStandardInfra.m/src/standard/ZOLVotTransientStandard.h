@@ -3,17 +3,23 @@
 // TIEs. Its operations stand in one file per face: values, styles; the load and the rest here.
 #pragma once
 #include <memory>
+#include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "ZOLBaseUnknown.h"
 #include "ZOLDftStandardValueType.h"
 #include "ZOLListValZOLUnicodeString.h"
 #include "ZOLUnicodeString.h"
+#include "ZOLVar.h"
 #include "standard/ZOLVotStandardStore.h"
 #include "ZOLXMLSAX.h"
 
 class ZOLIStandardValue;
+class ZOLIDftStyle;
+class ZOLIDftStyleManager;
+class ZOLIUnknownList;
 class ZOLIDrwStandard;
 class ZOLIDftStandard;
 class ZOLIQelStandard;
@@ -64,6 +70,22 @@ public:
   virtual HRESULT GetValue(const char* iPath, int* oValues, int iCapacity, int* oCount);
   virtual HRESULT GetValue(const char* iPath, double* oValues, int iCapacity, int* oCount);
   virtual HRESULT GetValue(const char* iPath, ZOLUnicodeString** oValues, int iCapacity, int* oCount);
+
+  // Operations of the style manager, each inner form before its wide form.
+  virtual HRESULT GetStyle(ZOLUnicodeString iName, ZOLUnicodeString iType, ZOLVar<ZOLIDftStyle>& oStyle);
+  virtual HRESULT GetStyle(const wchar_t* iName, const wchar_t* iType, ZOLIDftStyle** oStyle);
+  virtual HRESULT GetStyles(ZOLUnicodeString iType, ZOLIUnknownList* iList, ZOLUnicodeString iContext);
+  virtual HRESULT GetStyles(const wchar_t* iType, ZOLIUnknownList** oList, const wchar_t* iContext);
+  virtual HRESULT StyleReserved3();
+  virtual HRESULT GetStdVersion(int* oVersion);
+  virtual HRESULT GetDefaultStyle(ZOLUnicodeString iType, ZOLUnicodeString& oName, ZOLUnicodeString iContext);
+  virtual HRESULT GetDefaultStyle(const wchar_t* iType, wchar_t** oName, const wchar_t* iContext);
+  virtual HRESULT SetDefaultStyle(ZOLUnicodeString iType, ZOLUnicodeString iName, ZOLUnicodeString iContext);
+  virtual HRESULT SetDefaultStyle(const wchar_t* iType, const wchar_t* iName, const wchar_t* iContext);
+  virtual HRESULT StyleReserved7();
+  /// S_OK and the names of the style types, in document order; E_INVALIDARG for a null list,
+  /// E_UNEXPECTED when the standard has no "Styles".
+  HRESULT GetStyleTypes(ZOLListValZOLUnicodeString* oTypes);
 
   // Content handler and error handler of the load.
   virtual int StartDocument() { return 0; }
@@ -146,6 +168,8 @@ private:
   // Only while a load runs: the constructor's own, or one driven through the content handler.
   std::unique_ptr<ZOLVotStandardLoader> _Loader;
   bool _Loading = false;
+  // Style type to default style name, set on this object only; empty after the load.
+  std::unordered_map<std::string, ZOLUnicodeString> _DefaultStyles;
 };
 
 /// The TIE creators: a new reference on the attachment of the interface on a standard object
@@ -153,5 +177,6 @@ private:
 ZOLIDrwStandard* CreateTIEZOLIDrwStandardZOLVotTransientStandard(ZOLBaseUnknown* iObject);
 ZOLIDftStandard* CreateTIEZOLIDftStandardZOLVotTransientStandard(ZOLBaseUnknown* iObject);
 ZOLIQelStandard* CreateTIEZOLIQelStandardZOLVotTransientStandard(ZOLBaseUnknown* iObject);
+ZOLIDftStyleManager* CreateTIEZOLIDftStyleManagerZOLVotTransientStandard(ZOLBaseUnknown* iObject);
 ZOLISAXContentHandler* CreateTIEZOLISAXContentHandlerZOLVotTransientStandard(ZOLBaseUnknown* iObject);
 ZOLISAXErrorHandler* CreateTIEZOLISAXErrorHandlerZOLVotTransientStandard(ZOLBaseUnknown* iObject);

@@ -2,6 +2,7 @@
 // and their registration in the class dictionary.
 #include "ZOLClassDictionary.h"
 #include "ZOLIDftStandard.h"
+#include "ZOLIDftStyleManager.h"
 #include "ZOLIDrwStandard.h"
 #include "ZOLIQelStandard.h"
 #include "ZOLTIE.h"
@@ -79,6 +80,20 @@ public:
   HRESULT GetValueType(const char* p, ZOLDftStandardValueType*, int* n) override { return _impl->GetValueType(p, nullptr, n); }
 };
 
+class TIEZOLIDftStyleManagerZOLVotTransientStandard : public ZOLTIEBase<ZOLIDftStyleManager, Impl> {
+public:
+  using ZOLTIEBase::ZOLTIEBase;
+  ZOLTIEMetaObject(TIEZOLIDftStyleManagerZOLVotTransientStandard, ZOLIDftStyleManager::MetaObject())
+  const ZOLMetaClass* GetMetaObject() const override { return MetaObject(); }
+  HRESULT GetStyle(const wchar_t* n, const wchar_t* t, ZOLIDftStyle** o) override { return _impl->GetStyle(n, t, o); }
+  HRESULT GetStyles(const wchar_t* t, ZOLIUnknownList** o, const wchar_t* c) override { return _impl->GetStyles(t, o, c); }
+  HRESULT Reserved3() override { return _impl->StyleReserved3(); }
+  HRESULT GetStdVersion(int* oVersion) override { return _impl->GetStdVersion(oVersion); }
+  HRESULT GetDefaultStyle(const wchar_t* t, wchar_t** o, const wchar_t* c) override { return _impl->GetDefaultStyle(t, o, c); }
+  HRESULT SetDefaultStyle(const wchar_t* t, const wchar_t* n, const wchar_t* c) override { return _impl->SetDefaultStyle(t, n, c); }
+  HRESULT Reserved7() override { return _impl->StyleReserved7(); }
+};
+
 class TIEZOLISAXContentHandlerZOLVotTransientStandard : public ZOLISAXContentHandler {
 public:
   explicit TIEZOLISAXContentHandlerZOLVotTransientStandard(Impl* impl) : _impl(impl) {}
@@ -124,6 +139,9 @@ ZOLIDftStandard* CreateTIEZOLIDftStandardZOLVotTransientStandard(ZOLBaseUnknown*
 ZOLIQelStandard* CreateTIEZOLIQelStandardZOLVotTransientStandard(ZOLBaseUnknown* iObject) {
   return ZOLAttachTIE<ZOLIQelStandard, TIEZOLIQelStandardZOLVotTransientStandard, Impl>(iObject, IID_ZOLIQelStandard);
 }
+ZOLIDftStyleManager* CreateTIEZOLIDftStyleManagerZOLVotTransientStandard(ZOLBaseUnknown* iObject) {
+  return ZOLAttachTIE<ZOLIDftStyleManager, TIEZOLIDftStyleManagerZOLVotTransientStandard, Impl>(iObject, IID_ZOLIDftStyleManager);
+}
 ZOLISAXContentHandler* CreateTIEZOLISAXContentHandlerZOLVotTransientStandard(ZOLBaseUnknown* iObject) {
   return ZOLAttachTIE<ZOLISAXContentHandler, TIEZOLISAXContentHandlerZOLVotTransientStandard, Impl>(iObject, IID_ZOLISAXContentHandler);
 }
@@ -145,6 +163,8 @@ ZOLAttachmentRegistrar s_dft(s_impl, ZOLIDftStandard::MetaObject(),
                              &Attach<ZOLIDftStandard, &CreateTIEZOLIDftStandardZOLVotTransientStandard>);
 ZOLAttachmentRegistrar s_qel(s_impl, ZOLIQelStandard::MetaObject(),
                              &Attach<ZOLIQelStandard, &CreateTIEZOLIQelStandardZOLVotTransientStandard>);
+ZOLAttachmentRegistrar s_styles(s_impl, ZOLIDftStyleManager::MetaObject(),
+                                &Attach<ZOLIDftStyleManager, &CreateTIEZOLIDftStyleManagerZOLVotTransientStandard>);
 ZOLAttachmentRegistrar s_content(s_impl, ZOLISAXContentHandlerMetaObject(),
                                  &Attach<ZOLISAXContentHandler, &CreateTIEZOLISAXContentHandlerZOLVotTransientStandard>);
 ZOLAttachmentRegistrar s_error(s_impl, ZOLISAXErrorHandlerMetaObject(),

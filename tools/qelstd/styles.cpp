@@ -1,0 +1,116 @@
+// qelstd styles NAME|FILE [TYPE]: the style types of a standard, the names of each, and the
+// default style, as a drafting module finds them through the style manager.
+#include <nlohmann/json.hpp>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "QelstdJson.h"
+#include "QelstdOutput.h"
+#include "QelstdStandard.h"
+#include "QelstdVerb.h"
+#include "ZOLIDftStyle.h"
+#include "ZOLIDftStyleManager.h"
+#include "ZOLIUnknownList.h"
+
+namespace {
+
+struct StyleType {
+  std::string name;
+  std::string defaultStyle;
+  bool defaultPresent = false;
+  std::vector<std::string> styles;
+};
+
+std::string Narrow(wchar_t* text) {
+  ZOLUnicodeString s;
+  if (text) s.BuildFromWChar(text);
+  delete[] text;
+  return s.str();
+}
+
+std::wstring Wide(const std::string& text) {
+  wchar_t* w = ZOLUnicodeString(text).ConvertToWChar();
+  std::wstring out(w ? w : L"");
+  delete[] w;
+  return out;
+}
+
+// The styles of one type, or of every type, grouped by type in the order the manager gives them.
+bool Collect(ZOLIDftStyleManager* manager, const std::string& type, std::vector<StyleType>& out) {
+  ZOLIUnknownList* raw = nullptr;
+  const std::wstring wtype = Wide(type);
+  if (FAILED(manager->GetStyles(type.empty() ? nullptr : wtype.c_str(), &raw, nullptr))) {
+    if (raw) raw->Release();
+    return false;
+  }
+  ZOLIUnknownList_var list = ZOLIUnknownList_var::Adopt(raw);
+  int count = 0;
+  list->Count(&count);
+  for (int i = 0; i < count; ++i) {
+    ZOLBaseUnknown* item = nullptr;
+    if (FAILED(list->Item(i, &item))) continue;
+    ZOLIDftStyle_var style(item);
+    item->Release();
+    if (style.IsNull()) continue;
+    wchar_t *t = nullptr, *n = nullptr;
+    style->GetType(&t);
+    style->GetName(&n);
+    const std::string styleType = Narrow(t);
+    if (out.empty() || out.back().name != styleType) out.push_back({styleType, "", false, {}});
+    out.back().styles.push_back(Narrow(n));
+  }
+  if (!type.empty() && out.empty()) out.push_back({type, "", false, {}});
+  for (StyleType& t : out) {
+    wchar_t* name = nullptr;
+    if (SUCCEEDED(manager->GetDefaultStyle(Wide(t.name).c_str(), &name, nullptr))) t.defaultStyle = Narrow(name);
+    for (const std::string& s : t.styles) t.defaultPresent = t.defaultPresent || s == t.defaultStyle;
+  }
+  return true;
+}
+
+void Setup(CLI::App& app, int* status) {
+  auto* cmd = app.add_subcommand("styles", "List the style types of a standard, their styles and the default style");
+  cmd->footer("Example: qelstd styles ISO\n         qelstd styles JIS DistanceLengthDimension --json\n"
+              "A default style that the standard does not hold is marked \"(absent)\".");
+  auto standard = std::make_shared<std::string>();
+  auto type = std::make_shared<std::string>();
+  auto json = std::make_shared<bool>(false);
+  cmd->add_option("standard", *standard, "Built-in name (ISO, JIS, ASME) or standard file")->required();
+  cmd->add_option("type", *type, "Only this style type, as Curve or Text");
+  cmd->add_flag("--json", *json, "Print one JSON object");
+  cmd->callback([=] {
+    ZOLIDrwStandard_var s = qelstd::OpenStandardOrFail(*standard, status);
+    if (!s) return;
+    qelstd::QuietReports quiet;
+    ZOLIDftStyleManager_var manager(s.Get());
+    std::vector<StyleType> types;
+    if (manager.IsNull() || !Collect(manager, *type, types)) {
+      qelstd::Error(*standard, "the styles cannot be listed");
+      *status = qelstd::kNotFound;
+      return;
+    }
+    if (!type->empty() && !s->HasNode(("Styles." + *type).c_str())) {
+      qelstd::Error(*type, "no style type of this name in " + *standard);
+      *status = qelstd::kNotFound;
+      return;
+    }
+    if (*json) {
+      nlohmann::ordered_json out = {{"standard", *standard}, {"types", nlohmann::ordered_json::array()}};
+      for (const StyleType& t : types)
+        out["types"].push_back({{"type", t.name}, {"default", t.defaultStyle}, {"defaultPresent", t.defaultPresent}, {"styles", t.styles}});
+      qelstd::Printf(stdout, "%s\n", qelstd::JsonText(out).c_str());
+    } else {
+      for (const StyleType& t : types) {
+        qelstd::Printf(stdout, "%s\tdefault %s%s\n", t.name.c_str(), t.defaultStyle.c_str(), t.defaultPresent ? "" : " (absent)");
+        for (const std::string& name : t.styles) qelstd::Printf(stdout, "  %s\n", name.c_str());
+      }
+    }
+    *status = qelstd::kDone;
+  });
+}
+
+qelstd::VerbRegistrar s_styles("styles", &Setup);
+
+}  // namespace
