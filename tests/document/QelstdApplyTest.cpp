@@ -1,7 +1,9 @@
 // The qelstd apply verb, run as a user would.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <fstream>
+#include <iterator>
 #include <string>
 
 #include "QelstdRun.h"
@@ -87,4 +89,31 @@ TEST(QelstdApply, MissingFileIsNotFound) {
   QelstdRun run = Qelstd("apply /nonexistent/x.edits");
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "qelstd: /nonexistent/x.edits: No such file or directory\n");
+}
+
+TEST(QelstdApply, WhatItSavesChecksClean) {
+  QELSTD_REQUIRE_BINARY();
+  // A control character in a value is refused by its line (3); a record at the top cannot be saved.
+  std::string path = WriteEdits("apply-unwritable.edits",
+                                "node Root:A\n"
+                                "value Root.A:Bell:string:ring\x07ring\n"
+                                "value Root.A:Plain:string:ring\n");
+  std::string out = testing::TempDir() + "apply-unwritable.xml";
+  std::remove(out.c_str());
+  QelstdRun run = Qelstd("apply -o " + out + " " + path);
+  EXPECT_EQ(run.status, 1) << run.out;
+  EXPECT_NE(run.out.find("2: 3  value Root.A:Bell:string:ring\x07ring\n"), std::string::npos) << run.out;
+  EXPECT_NE(run.out.find("saved: " + out), std::string::npos) << run.out;
+  QelstdRun check = Qelstd("check " + out);
+  EXPECT_EQ(check.status, 0) << check.out;
+
+  std::string top = WriteEdits("apply-top-record.edits", "typeval Root:R\nvalue Root.R:F:int:1\n");
+  std::ofstream(out) << "old";
+  run = Qelstd("apply -o " + out + " " + top);
+  EXPECT_EQ(run.status, 1) << run.out;
+  EXPECT_NE(run.out.find("cannot be saved; nothing was written"), std::string::npos) << run.out;
+  std::ifstream in(out);
+  std::string kept((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  EXPECT_EQ(kept, "old");
+  std::remove(out.c_str());
 }
