@@ -13,7 +13,8 @@ for exe in "$build"/fuzz/fuzz_*; do
   echo "== fuzz $name for ${seconds}s"
   dict=()
   [ -f "$here/$name.dict" ] && dict=(-dict="$here/$name.dict")
-  if ! ASAN_OPTIONS=detect_leaks=1 "$exe" -max_total_time="$seconds" -print_final_stats=1 \
+  # Inputs up to 1 MB, so that faults that grow with the size of a document can show.
+  if ! ASAN_OPTIONS=detect_leaks=1 "$exe" -max_total_time="$seconds" -max_len=1048576 -print_final_stats=1 \
        "${dict[@]}" "$work" "${seeds[@]}" 2>"$work.log"; then
     tail -n 60 "$work.log"; status=1
   else
