@@ -35,7 +35,7 @@ test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 
 bench: deps
-	cmake -S . -B build-bench -G Ninja -DCMAKE_BUILD_TYPE=Release -DQELSTD_TESTS=OFF
+	cmake -S . -B build-bench -G Ninja -DCMAKE_BUILD_TYPE=Release -DQELSTD_PGO=OFF -DQELSTD_TESTS=OFF
 	cmake --build build-bench -j $(JOBS)
 	./bench/run-benchmarks.sh build-bench
 

@@ -65,12 +65,42 @@ const std::string& StandardText() {
   return text;
 }
 
+void Decode(const std::string& text) {
+  ZOLAnnStandardXMLParser doc;
+  benchmark::DoNotOptimize(doc.DecodeXML(ZOLUnicodeString(text), 0));
+}
+
+void DecodeAndSave(const std::string& text) {
+  ZOLAnnStandardXMLParser doc;
+  doc.DecodeXML(ZOLUnicodeString(text), 0);
+  ZOLUnicodeString out;
+  doc.SaveInString(out);
+  benchmark::DoNotOptimize(out.str().data());
+}
+
+void RawParse(const std::string& text) {
+  xmlDocPtr doc = xmlReadMemory(text.data(), static_cast<int>(text.size()), "bench", nullptr, XML_PARSE_NONET);
+  benchmark::DoNotOptimize(doc);
+  xmlFreeDoc(doc);
+}
+
+void RawParseAndDump(const std::string& text) {
+  xmlDocPtr doc = xmlReadMemory(text.data(), static_cast<int>(text.size()), "bench", nullptr, XML_PARSE_NONET);
+  xmlChar* out = nullptr;
+  int size = 0;
+  xmlDocDumpFormatMemory(doc, &out, &size, 1);
+  benchmark::DoNotOptimize(out);
+  xmlFree(out);
+  xmlFreeDoc(doc);
+}
+
 void BM_DecodeXML(benchmark::State& state) {
   const std::string& text = StandardText();
-  for (auto _ : state) {
+  {
     ZOLAnnStandardXMLParser doc;
     if (doc.DecodeXML(ZOLUnicodeString(text), 0) != 0) state.SkipWithError("decode failed");
   }
+  for (auto _ : state) Decode(text);
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * text.size()));
 }
 BENCHMARK(BM_DecodeXML)->Unit(benchmark::kMillisecond);
@@ -90,38 +120,26 @@ BENCHMARK(BM_SaveInString)->Unit(benchmark::kMillisecond);
 
 void BM_DecodeAndSave(benchmark::State& state) {
   const std::string& text = StandardText();
-  for (auto _ : state) {
-    ZOLAnnStandardXMLParser doc;
-    doc.DecodeXML(ZOLUnicodeString(text), 0);
-    ZOLUnicodeString out;
-    doc.SaveInString(out);
-    benchmark::DoNotOptimize(out.str().data());
-  }
+  for (auto _ : state) DecodeAndSave(text);
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * text.size()));
 }
 BENCHMARK(BM_DecodeAndSave)->Unit(benchmark::kMillisecond);
 
 void BM_RawLibxml2Parse(benchmark::State& state) {
   const std::string& text = StandardText();
-  for (auto _ : state) {
+  {
     xmlDocPtr doc = xmlReadMemory(text.data(), static_cast<int>(text.size()), "bench", nullptr, XML_PARSE_NONET);
     if (!doc) state.SkipWithError("parse failed");
     xmlFreeDoc(doc);
   }
+  for (auto _ : state) RawParse(text);
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * text.size()));
 }
 BENCHMARK(BM_RawLibxml2Parse)->Unit(benchmark::kMillisecond);
 
 void BM_RawLibxml2ParseAndDump(benchmark::State& state) {
   const std::string& text = StandardText();
-  for (auto _ : state) {
-    xmlDocPtr doc = xmlReadMemory(text.data(), static_cast<int>(text.size()), "bench", nullptr, XML_PARSE_NONET);
-    xmlChar* out = nullptr;
-    int size = 0;
-    xmlDocDumpFormatMemory(doc, &out, &size, 1);
-    xmlFree(out);
-    xmlFreeDoc(doc);
-  }
+  for (auto _ : state) RawParseAndDump(text);
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * text.size()));
 }
 BENCHMARK(BM_RawLibxml2ParseAndDump)->Unit(benchmark::kMillisecond);
@@ -129,7 +147,11 @@ BENCHMARK(BM_RawLibxml2ParseAndDump)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-  return qelbench::Main(argc, argv,
-                        {{"decode / raw libxml2 parse", "BM_DecodeXML", "BM_RawLibxml2Parse", 0},
-                         {"decode+save / raw parse+dump", "BM_DecodeAndSave", "BM_RawLibxml2ParseAndDump", 0}});
+  const std::string& text = StandardText();
+  qelbench::Plan plan;
+  plan.ratios.push_back({"decode / raw libxml2 parse", qelbench::Loop("decode", [&text] { Decode(text); }),
+                         {qelbench::Loop("raw parse", [&text] { RawParse(text); })}});
+  plan.ratios.push_back({"decode+save / raw parse+dump", qelbench::Loop("decode+save", [&text] { DecodeAndSave(text); }),
+                         {qelbench::Loop("raw parse+dump", [&text] { RawParseAndDump(text); })}});
+  return qelbench::Main(argc, argv, plan);
 }

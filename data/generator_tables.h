@@ -27,9 +27,10 @@ inline std::string ParentWord(int parent) {
 }
 
 inline std::string gDataDir;  // the folder of the tables
+inline const char* gToolName = "generate_standards";  // names the tool in its messages
 
 [[noreturn]] inline void Fail(const std::string& where, const std::string& why) {
-  std::fprintf(stderr, "generate_standards: %s: %s\n", where.c_str(), why.c_str());
+  std::fprintf(stderr, "%s: %s: %s\n", gToolName, where.c_str(), why.c_str());
   std::exit(1);
 }
 

@@ -13,13 +13,16 @@
 
 namespace {
 
-// The array getters write as many elements as the value has; no value has more than the text has bytes.
-void ReadSome(ZOLIDrwStandard* s, size_t textSize) {
+// Reads every kind of value; arrays through the sized getters, with room for three at first and
+// then for as many as the value has.
+void ReadSome(ZOLIDrwStandard* s) {
   int i = 0;
   double d = 0;
   ZOLUnicodeString text;
-  std::vector<int> ints(textSize + 8);
-  std::vector<double> reals(textSize + 8);
+  std::vector<int> ints(3);
+  std::vector<double> reals(3);
+  std::vector<ZOLUnicodeString> texts(3);
+  std::vector<ZOLUnicodeString*> pointers;
   int count = 0;
   for (const char* path : {"Version", "Dimension.ParentStandard", "Curve.Default.Color", "Styles.Curve.Default.Color",
                            "SheetFormat.Name", "A", "A.B", "A.B.C", "LineThickness.mm", "", "..", "Styles"}) {
@@ -31,8 +34,26 @@ void ReadSome(ZOLIDrwStandard* s, size_t textSize) {
     ZOLDftStandardValueType type;
     s->GetValueType(path, &type, &count);
     s->HasNode(path);
+    if (s->GetValue(path, ints.data(), static_cast<int>(ints.size()), &count) == S_FALSE) {
+      ints.resize(static_cast<size_t>(count));
+      if (s->GetValue(path, ints.data(), count, &count) != S_OK) __builtin_trap();
+    }
+    if (s->GetValue(path, reals.data(), static_cast<int>(reals.size()), &count) == S_FALSE) {
+      reals.resize(static_cast<size_t>(count));
+      if (s->GetValue(path, reals.data(), count, &count) != S_OK) __builtin_trap();
+    }
+    pointers.clear();
+    for (ZOLUnicodeString& t : texts) pointers.push_back(&t);
+    if (s->GetValue(path, pointers.data(), static_cast<int>(pointers.size()), &count) == S_FALSE) {
+      texts.resize(static_cast<size_t>(count));
+      pointers.clear();
+      for (ZOLUnicodeString& t : texts) pointers.push_back(&t);
+      if (s->GetValue(path, pointers.data(), count, &count) != S_OK) __builtin_trap();
+    }
+    // The forms without a capacity write as many as the sized ones told.
     s->GetValue(path, ints.data(), &count);
     s->GetValue(path, reals.data(), &count);
+    s->GetValue(path, pointers.data(), &count);
   }
   s->GetStdVersion();
   s->GetThicknessIndex(0.35, &i);
@@ -65,7 +86,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     lean = e.what();
   }
   try {
-    if (s) ReadSome(s, size);
+    if (s) ReadSome(s);
   } catch (const std::invalid_argument&) {
   } catch (const std::out_of_range&) {
   }

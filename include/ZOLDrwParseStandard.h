@@ -29,6 +29,8 @@ public:
     const char* blockedStep = nullptr;
     /// 1 when the pass ended on a guard (stage 1 on a decoded tree, no tree after stage 1).
     bool stoppedByGuard = false;
+    /// 1 when the pass was refused because the file did not decode: nothing ran, nothing was written.
+    bool decodeFailed = false;
     /// 1 when the tree was written to the output path.
     bool saved = false;
   };
@@ -55,13 +57,18 @@ public:
   ZOLDrwParseStandard(const ZOLDrwParseStandard&) = delete;
   ZOLDrwParseStandard& operator=(const ZOLDrwParseStandard&) = delete;
 
-  /// Reads the tree, its version and its parent, once; a file that cannot be read gives an empty tree.
+  /// Reads the tree, its version and its parent, once; a file that cannot be read gives an empty tree,
+  /// and one that fails midway the part read so far (see DecodeFailed).
   void Decode();
+  /// 1 when Decode read the file only in part or not at all; level and parent then tell what the part
+  /// read says, and Encode and EncodeToVersion write nothing.
+  bool DecodeFailed() const { return _DecodeFailed; }
   /// Upgrades to the current level and saves the tree as the input's file name in directory ("." if
-  /// null); outputPath gets that path, empty when nothing was decoded. Check GetOutcome for the result.
+  /// null); outputPath gets that path, empty when nothing was decoded or the decode failed. Check
+  /// GetOutcome for the result.
   void Encode(const char* directory, ZOLString& outputPath, ZOLDrwParseStandardUpgradeOptions& options);
   /// Upgrades to target (-1: the current level) and saves the tree to outputPath, unless a stage that
-  /// should run is not built yet; does nothing before Decode.
+  /// should run is not built yet; does nothing before Decode, nor (with a report) after a failed one.
   void EncodeToVersion(int target, ZOLDrwParseStandardUpgradeOptions& options, const char* outputPath);
   /// "ISO", "ANSI", "ASME", "JIS", or any other text of the file (empty without the node).
   ZOLUnicodeString GetParentStandard();
@@ -126,4 +133,5 @@ private:
   const ZOLDrwMigrationStage* _Stages;
   int _StageCount;
   Outcome _Outcome;
+  bool _DecodeFailed = false;
 };

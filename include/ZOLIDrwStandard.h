@@ -78,6 +78,18 @@ public:
   virtual HRESULT GetStyleNames(const char* iType, ZOLListValZOLUnicodeString* oNames) = 0;
   /// As the one-argument form, with two new[] empty narrow texts for the caller; E_INVALIDARG for a null output.
   virtual HRESULT GetStandardValue(ZOLIStandardValue** oValue, char** oFirst, char** oSecond) = 0;
+
+  // The array reads with a capacity, after the slots above: the forms without one write as many
+  // elements as the value has, which a caller cannot know beforehand.
+  /// At most iCapacity integers of an array or a colour; *oCount gets how many the value has.
+  /// S_OK when all were written, S_FALSE when they were more (the first iCapacity written; ask
+  /// again with *oCount), E_FAIL when there is none, E_INVALIDARG for a null buffer with a
+  /// capacity or a negative capacity. A null buffer of capacity 0 asks for the count alone.
+  virtual HRESULT GetValue(const char* iPath, int* oValues, int iCapacity, int* oCount) = 0;
+  /// The same for the reals of an array.
+  virtual HRESULT GetValue(const char* iPath, double* oValues, int iCapacity, int* oCount) = 0;
+  /// The same for the strings of an array, through the caller's pointers (a null pointer is skipped).
+  virtual HRESULT GetValue(const char* iPath, ZOLUnicodeString** oValues, int iCapacity, int* oCount) = 0;
 };
 
 using ZOLIDrwStandard_var = ZOLVar<ZOLIDrwStandard>;

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <sstream>
 #include <string>
 
 #include "ZOLAnnStandardServices.h"
@@ -107,6 +108,23 @@ std::pair<long, std::string> ParentOf(ZOLAnnStandardServices& services) {
   return {hr, parent.str()};
 }
 
+// A format as "name widthxheight orientation/reserved".
+std::string Describe(const ZOLDrwStdSheetFormat& f) {
+  std::ostringstream out;
+  out << f.name.str() << " " << f.width << "x" << f.height << " " << f.orientation << "/" << f.reserved;
+  return out.str();
+}
+
+// A style as "name scale p<projection> g<positioning> o<orientation> d<display> <format>", "-" for a part it lacks.
+std::string Describe(const ZOLDrwStdSheetStyle& s) {
+  auto part = [](bool has, int value) { return has ? std::to_string(value) : std::string("-"); };
+  std::ostringstream out;
+  out << s.name.str() << " " << s.scale << " p" << s.projectionMethod << " g" << part(s.hasGenViewsPosMode, s.genViewsPosMode)
+      << " o" << part(s.hasOrientation, s.orientation) << " d" << part(s.hasDisplayFormat, s.displayFormat) << " "
+      << (s.hasFormat ? Describe(s.format) : "-");
+  return out.str();
+}
+
 }  // namespace
 
 using Scale = std::pair<long, double>;
@@ -119,22 +137,8 @@ TEST(SheetStyles, FullStylesGiveZeroWithEveryPartAndTheirFormat) {
   auto styles = SheetStyles(s.services);
   EXPECT_EQ(styles.hr, 0);
   ASSERT_EQ(styles.count, 2);
-  const ZOLDrwStdSheetStyle& d = styles.items[0];
-  EXPECT_EQ(d.name.str(), "Default");
-  EXPECT_EQ(d.scale, 1.0);
-  EXPECT_EQ(d.projectionMethod, 1);
-  EXPECT_TRUE(d.hasGenViewsPosMode);
-  EXPECT_EQ(d.genViewsPosMode, 1);
-  EXPECT_TRUE(d.hasOrientation);
-  EXPECT_EQ(d.orientation, 1);
-  EXPECT_TRUE(d.hasDisplayFormat);
-  EXPECT_TRUE(d.displayFormat);
-  ASSERT_TRUE(d.hasFormat);
-  EXPECT_EQ(d.format.name.str(), "A4 ISO");
-  EXPECT_EQ(d.format.width, 210.5);
-  EXPECT_EQ(d.format.orientation, PortraitByDefault);
-  EXPECT_EQ(styles.items[1].format.name.str(), "A0 ISO");
-  EXPECT_EQ(styles.items[1].scale, 0.5);
+  EXPECT_EQ(Describe(styles.items[0]), "Default 1 p1 g1 o1 d1 A4 ISO 210.5x297 1/0");
+  EXPECT_EQ(Describe(styles.items[1]), "Large 0.5 p1 g1 o1 d1 A0 ISO 1189x841 3/0");
   EXPECT_EQ(s.r.Count(), 0);
 }
 
@@ -148,12 +152,8 @@ TEST(SheetStyles, ScaleAndProjectionOnlyGiveOneWithEveryFlagClear) {
   auto styles = SheetStyles(s.services);
   EXPECT_EQ(styles.hr, 1);
   ASSERT_EQ(styles.count, 2);
-  EXPECT_EQ(styles.items[0].scale, 2.0);
-  EXPECT_EQ(styles.items[0].projectionMethod, 0);
-  EXPECT_FALSE(styles.items[0].hasFormat || styles.items[0].hasOrientation || styles.items[0].hasDisplayFormat ||
-               styles.items[0].hasGenViewsPosMode);
-  EXPECT_TRUE(styles.items[1].hasGenViewsPosMode);
-  EXPECT_EQ(styles.items[1].genViewsPosMode, 0);
+  EXPECT_EQ(Describe(styles.items[0]), "Default 2 p0 g- o- d- -");
+  EXPECT_EQ(Describe(styles.items[1]), "Positioned 3 p1 g0 o- d- -");
   EXPECT_EQ(s.r.Count(), 0);
 }
 
@@ -177,34 +177,30 @@ TEST(SheetFormats, EveryRecordReadWithLocaleIndependentSizes) {
   auto formats = SheetFormats(s.services);
   ASSERT_EQ(formats.hr, S_OK);
   ASSERT_EQ(formats.count, 2);
-  EXPECT_EQ(formats.items[0].name.str(), "A0 ISO");
-  EXPECT_EQ(formats.items[0].width, 1189.0);
-  EXPECT_EQ(formats.items[0].height, 841.0);
-  EXPECT_EQ(formats.items[0].orientation, LandscapeOnly);
-  EXPECT_EQ(formats.items[1].width, 210.5);
-  EXPECT_EQ(formats.items[1].reserved, 0);
+  EXPECT_EQ(Describe(formats.items[0]) + ", " + Describe(formats.items[1]), "A0 ISO 1189x841 3/0, A4 ISO 210.5x297 1/0");
   EXPECT_EQ(s.r.Count(), 0);
 }
 
-TEST(SheetFormats, RecordOfThreeValuesFailsTheWholeList) {
+// A record of three values fails the list at once; a size that does not scan or an unknown
+// orientation fails its record, and the list after all were read.
+TEST(SheetFormats, BadRecordFailsTheWholeList) {
   QELSTD_REQUIRE_CODEC();
-  Opened s("Three", Standard(Version(290) + Node("SheetFormat", Format("A0 ISO", "1189", "841", "LandscapeOnly") +
-                                                                     Format("A1 ISO", "841", "594", "", false))));
-  auto formats = SheetFormats(s.services);
-  EXPECT_EQ(formats.hr, E_FAIL);
-  EXPECT_EQ(formats.items, nullptr);
-  EXPECT_EQ(s.r.CountContaining("Bad xml structure"), 1);
-  EXPECT_EQ(s.r.Count(), 1);
-}
-
-TEST(SheetFormats, UnknownOrientationOrSizeThatDoesNotScanIsABadRecord) {
-  QELSTD_REQUIRE_CODEC();
-  Opened s("Bad", Standard(Version(290) + Node("SheetFormat", Format("A0 ISO", "wide", "841", "LandscapeOnly") +
-                                                                   Format("A1 ISO", "841", "594", "Sideways"))));
-  auto formats = SheetFormats(s.services);
-  EXPECT_EQ(formats.hr, E_FAIL);
-  EXPECT_EQ(formats.count, 2);
-  EXPECT_EQ(s.r.CountContaining("Bad xml structure"), 3) << "each record, then the list";
+  struct Row {
+    std::string formats;
+    int count, reports;
+  };
+  for (const Row& row : {Row{Format("A0 ISO", "1189", "841", "LandscapeOnly") + Format("A1 ISO", "841", "594", "", false), -1, 1},
+                         Row{Format("A0 ISO", "wide", "841", "LandscapeOnly") + Format("A1 ISO", "841", "594", "Sideways"), 2, 3}}) {
+    Opened s("Bad", Standard(Version(290) + Node("SheetFormat", row.formats)));
+    auto formats = SheetFormats(s.services);
+    EXPECT_EQ(formats.hr, E_FAIL);
+    EXPECT_EQ(formats.items, nullptr);
+    if (row.count >= 0) {
+      EXPECT_EQ(formats.count, row.count);
+    }
+    EXPECT_EQ(s.r.CountContaining("Bad xml structure"), row.reports);
+    EXPECT_EQ(s.r.Count(), row.reports);
+  }
 }
 
 TEST(VersionThresholds, LevelFiftyHasSheetStylesButNoSheetFormats) {

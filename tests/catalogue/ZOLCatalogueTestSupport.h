@@ -1,39 +1,17 @@
-// Scratch directories, environment overrides and standard texts for the catalogue tests.
+// Environment overrides and standard texts for the catalogue tests.
 #pragma once
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <sys/time.h>
 #include <vector>
 
 #include "ZOLAnnStandardXMLParser.h"
+#include "ZOLScratch.h"
 
 namespace qeltest {
-
-/// A fresh directory under the system's temporary directory, removed afterwards.
-class ScratchDir {
-public:
-  ScratchDir() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "qelstd-catalogue-XXXXXX").string();
-    _path = mkdtemp(pattern.data()) ? pattern : std::string();
-  }
-  ~ScratchDir() {
-    std::error_code ec;
-    std::filesystem::remove_all(_path, ec);
-  }
-  ScratchDir(const ScratchDir&) = delete;
-  ScratchDir& operator=(const ScratchDir&) = delete;
-  const std::string& Path() const { return _path; }
-  std::string operator/(const std::string& rel) const { return _path + "/" + rel; }
-
-private:
-  std::string _path;
-};
 
 /// Sets or unsets variables for one test and restores what was there.
 class EnvOverride {
@@ -69,18 +47,6 @@ private:
   }
   std::vector<std::pair<std::string, std::optional<std::string>>> _saved;
 };
-
-inline void WriteText(const std::string& path, const std::string& text) {
-  std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-  std::ofstream(path, std::ios::binary) << text;
-}
-
-inline std::string ReadText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream all;
-  all << in.rdbuf();
-  return all.str();
-}
 
 /// Sets access and modification time of a file to seconds since the epoch.
 inline void SetModified(const std::string& path, long seconds) {

@@ -135,10 +135,31 @@ TEST_F(FindInCollections, NoRepositoryVariableIsSaidOnStandardOutput) {
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "ZOLDefaultCollectionStandard and ZOLCollectionStandard not defined.\n");
 }
 
-TEST_F(FindWorkingCopy, RepositoryFileIsCopiedToTheWorkingDirectory) {
-  WriteText(c.delivered + "/drafting/Company.xml", "<company/>");
-  EXPECT_EQ(Find("Company", false), Found(0, c.work + "/Company.xml"));
-  EXPECT_EQ(ReadText(c.work + "/Company.xml"), "<company/>");
+// Steps in one catalogue: a file written (under the catalogue's root), the name looked for, the
+// result, and the working copy's text ("" when the search fails and leaves the path).
+TEST_F(FindWorkingCopy, RepositoryFileThenAnyWorkingCopyThenTheBuiltinText) {
+  struct Step {
+    const char *file, *text, *name;
+    long hr;
+    const char* copy;
+  };
+  const Step steps[] = {
+      {"delivered/drafting/Company.xml", "<company/>", "Company", 0, "<company/>"},  // copied to the working directory
+      {"work/Gone.xml", "stale", "Gone", 0, "stale"},  // a copy left by an earlier call serves any name
+      {nullptr, nullptr, "../work/Gone", 1, ""},
+      {"delivered/xDrawing/JIS_Alternate.xml", "alternate", "JIS_Alternate", 0, "alternate"},  // from the drawing kind
+      {nullptr, nullptr, "ISO_Alternate", 1, ""},
+      {"work/ISO.xml", "stale", "ISO", 0, "stale"},  // the built-in text only where no working copy stands
+      {"site/drafting/ISO.xml", "site iso", "ISO", 0, "site iso"},  // the repository before any copy
+  };
+  for (const Step& step : steps) {
+    if (step.file) WriteText(c.root / step.file, step.text);
+    std::string copy = c.work + "/" + step.name + ".xml";
+    EXPECT_EQ(Find(step.name, false), Found(step.hr, step.hr ? "unchanged" : copy)) << step.name;
+    if (!step.hr) {
+      EXPECT_EQ(ReadText(copy), step.copy) << step.name;
+    }
+  }
 }
 
 TEST_F(FindWorkingCopy, AdlOdtOutGoesBeforeZolTemp) {
@@ -160,35 +181,6 @@ TEST_F(FindWorkingCopy, NoWorkingDirectoryIsSaidAndNothingIsWritten) {
   std::string err = testing::internal::GetCapturedStderr();
   EXPECT_NE(err.find("Neither ADL_ODT_OUT nor ZOLTemp is set"), std::string::npos) << err;
   EXPECT_FALSE(fs::exists("Company.xml")) << "never the current directory";
-}
-
-TEST_F(FindWorkingCopy, WorkingCopyLeftByAnEarlierCallIsServedForAnyName) {
-  WriteText(c.work + "/Gone.xml", "stale");
-  EXPECT_EQ(Find("Gone", false), Found(0, c.work + "/Gone.xml"));
-  EXPECT_EQ(ReadText(c.work + "/Gone.xml"), "stale");
-  EXPECT_EQ(Find("../work/Gone", false), Found(1, "unchanged"));
-}
-
-TEST_F(FindWorkingCopy, AlternateComesFromTheDrawingKind) {
-  WriteText(c.delivered + "/xDrawing/JIS_Alternate.xml", "alternate");
-  EXPECT_EQ(Find("JIS_Alternate", false).first, 0);
-  EXPECT_EQ(ReadText(c.work + "/JIS_Alternate.xml"), "alternate");
-  EXPECT_EQ(Find("ISO_Alternate", false), Found(1, "unchanged"));
-}
-
-TEST_F(FindWorkingCopy, RepositoryFileGoesBeforeTheBuiltinText) {
-  WriteText(c.site + "/drafting/ISO.xml", "site iso");
-  EXPECT_EQ(Find("ISO", false), Found(0, c.work + "/ISO.xml"));
-  EXPECT_EQ(ReadText(c.work + "/ISO.xml"), "site iso");
-}
-
-TEST_F(FindWorkingCopy, StaleWorkingCopyWinsOverTheBuiltinTextButNotOverTheRepository) {
-  WriteText(c.work + "/ISO.xml", "stale");
-  EXPECT_EQ(Find("ISO", false), Found(0, c.work + "/ISO.xml"));
-  EXPECT_EQ(ReadText(c.work + "/ISO.xml"), "stale") << "the built-in text is written only where no working copy stands";
-  WriteText(c.site + "/drafting/ISO.xml", "site iso");
-  EXPECT_EQ(Find("ISO", false), Found(0, c.work + "/ISO.xml"));
-  EXPECT_EQ(ReadText(c.work + "/ISO.xml"), "site iso");
 }
 
 TEST_F(FindWorkingCopy, EachBuiltinIsWrittenWhenTheRepositoryIsEmpty) {
@@ -313,18 +305,20 @@ TEST(ListByParent, AnsiIsLeftOutAndEachParentGoesToItsList) {
   EXPECT_EQ(r.Count(), 0);
 }
 
-TEST(OrientationNames, NamesAndValuesBothWays) {
-  ZOLFormatOrientationsType value = LandscapeByDefault;
-  EXPECT_EQ(ZOLDftStandardServices::GetEnumFromName("PortraitOnly", value), S_OK);
-  EXPECT_EQ(value, PortraitOnly);
+TEST(OrientationNames, NamesAndValuesBothWaysAndUnknownsLeaveTheOutput) {
+  for (auto [name, value] : {std::pair("LandscapeByDefault", LandscapeByDefault), {"PortraitOnly", PortraitOnly}, {"LandscapeOnly", LandscapeOnly}}) {
+    ZOLFormatOrientationsType got = PortraitByDefault;
+    EXPECT_EQ(ZOLDftStandardServices::GetEnumFromName(name, got), S_OK);
+    EXPECT_EQ(got, value);
+    ZOLUnicodeString back;
+    EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(value, back), S_OK);
+    EXPECT_EQ(back.str(), name);
+  }
+  ZOLFormatOrientationsType value = PortraitOnly;
   EXPECT_EQ(ZOLDftStandardServices::GetEnumFromName("portraitonly", value), E_FAIL);
-  EXPECT_EQ(value, PortraitOnly) << "an unknown name leaves the value";
+  EXPECT_EQ(value, PortraitOnly);
   ZOLUnicodeString name("unchanged");
-  EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(LandscapeByDefault, name), S_OK);
-  EXPECT_EQ(name.str(), "LandscapeByDefault");
-  EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(LandscapeOnly, name), S_OK);
-  EXPECT_EQ(name.str(), "LandscapeOnly");
   EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(static_cast<ZOLFormatOrientationsType>(4), name), E_FAIL);
   EXPECT_EQ(ZOLDftStandardServices::GetNameFromEnum(static_cast<ZOLFormatOrientationsType>(-1), name), E_FAIL);
-  EXPECT_EQ(name.str(), "LandscapeOnly");
+  EXPECT_EQ(name.str(), "unchanged");
 }

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
-
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -18,9 +17,13 @@
 #include "ZOLAnnStandardXMLParser.h"
 #include "document/ZOLAnnStandardXMLParserDOMCodec.h"
 #include "ZOLDftStdNamespace.h"
+#include "ZOLEditLines.h"
 #include "ZOLReportCountTest.h"
+#include "ZOLScratch.h"
 
 namespace fs = std::filesystem;
+using qeltest::ReadText;
+using qeltest::ScratchDir;
 
 namespace {
 
@@ -51,24 +54,16 @@ std::string DumpAll(const ZOLAnnStandardXMLParser& p) { return Dump(p.EnumRoot()
 
 // A standard of every kind of node and value, built by edit strings.
 void BuildSample(ZOLAnnStandardXMLParser& p) {
-  for (const char* e : {"Enum:YesNo", "Enum:FontStyle", "TypeDef:SheetFormatDef", "Root:General",
-                        "Root:Styles", "Root.Styles:Sheet", "Root.Styles.Sheet:Default"})
-    ASSERT_EQ(p.AddNodeWithPath(e, 0), 0) << e;
-  for (const char* e : {"Enum.YesNo::string:Yes", "Enum.YesNo::string:No", "Enum.FontStyle::string:Normal",
-                        "Enum.FontStyle::string:Bold", "TypeDef.SheetFormatDef:Name:string:A4 ISO",
-                        "TypeDef.SheetFormatDef:Width:float:210", "TypeDef.SheetFormatDef:Kind:enum.YesNo:Yes",
-                        "TypeDef.SheetFormatDef:Count:int:1"})
-    ASSERT_EQ(p.AddValueWithPath(e, 1), 0) << e;
-  for (const char* e : {"Root:Version:int:290:1", "Root.General:Blank:string: ", "Root.General:Empty:string:",
-                        "Root.General:Markup:string:<a & \"b\"> 'c' \xc3\xa9", "Root.General:Color:color:140 140 140",
-                        "Root.General:Bold:enum.YesNo:Yes", "Root.Styles.Sheet.Default:GlobalScale:float.m.0.0:1.0:0"})
-    ASSERT_EQ(p.AddValueWithPath(e, 1), 0) << e;
-  ASSERT_EQ(p.AddNodeWithPath("Root.General:Formats", 1), 0);
-  for (const char* e : {"Root.General.Formats:Name:string:A0 ISO", "Root.General.Formats:Width:float:1189",
-                        "Root.General.Formats:Style:enum.YesNo:No"})
-    ASSERT_EQ(p.AddValueWithPath(e, -1), 0) << e;
-  ASSERT_EQ(p.AddNodeWithPath("Root.General.Formats:Inner", 1), 0);
-  ASSERT_EQ(p.AddValueWithPath("Root.General.Formats.Inner:X:int:3", -1), 0);
+  ZOLEditLines(p, {"N Enum:YesNo", "N Enum:FontStyle", "N TypeDef:SheetFormatDef", "N Root:General", "N Root:Styles",
+                   "N Root.Styles:Sheet", "N Root.Styles.Sheet:Default", "V Enum.YesNo::string:Yes", "V Enum.YesNo::string:No",
+                   "V Enum.FontStyle::string:Normal", "V Enum.FontStyle::string:Bold", "V TypeDef.SheetFormatDef:Name:string:A4 ISO",
+                   "V TypeDef.SheetFormatDef:Width:float:210", "V TypeDef.SheetFormatDef:Kind:enum.YesNo:Yes",
+                   "V TypeDef.SheetFormatDef:Count:int:1", "V Root:Version:int:290:1", "V Root.General:Blank:string: ",
+                   "V Root.General:Empty:string:", "V Root.General:Markup:string:<a & \"b\"> 'c' \xc3\xa9",
+                   "V Root.General:Color:color:140 140 140", "V Root.General:Bold:enum.YesNo:Yes",
+                   "V Root.Styles.Sheet.Default:GlobalScale:float.m.0.0:1.0:0", "T Root.General:Formats",
+                   "L Root.General.Formats:Name:string:A0 ISO", "L Root.General.Formats:Width:float:1189",
+                   "L Root.General.Formats:Style:enum.YesNo:No", "T Root.General.Formats:Inner", "L Root.General.Formats.Inner:X:int:3"});
 }
 
 // Decodes text into a fresh parser; the parser's result (0 success).
@@ -78,20 +73,6 @@ std::string Save(ZOLAnnStandardXMLParser& p) {
   ZOLUnicodeString text;
   p.SaveInString(text);
   return text.str();
-}
-
-std::string TempDir() {
-  static int n = 0;
-  fs::path d = fs::temp_directory_path() / ("zolcodec_" + std::to_string(::getpid()) + "_" + std::to_string(++n));
-  fs::create_directories(d);
-  return d.string();
-}
-
-std::string ReadAll(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream s;
-  s << in.rdbuf();
-  return s.str();
 }
 
 ZOLRef<ZOLAnnStandardXMLNode> NewNode(ZOLAnnStandardXMLNode::Type type, const char* name) {
@@ -107,14 +88,19 @@ protected:
 
 // ---------------------------------------------------------------- round trip
 
-TEST_F(DOMCodec, RoundTrip_EditStringTreeDecodesToTheSameTreeInTheSameOrder) {
+TEST_F(DOMCodec, RoundTrip_EditStringTreeDecodesToTheSameTreeInTheSameOrderFromTextOrFile) {
   BuildSample(p);
   std::string text = Save(p);
-  ZOLAnnStandardXMLParser read;
-  ASSERT_EQ(Decode(read, text), 0) << text;
-  EXPECT_EQ(DumpAll(read), DumpAll(p));
-  EXPECT_EQ(Save(read), text);  // a second round gives the same bytes
-  EXPECT_EQ(read.GetVersion(), 290);
+  ScratchDir dir;
+  ASSERT_EQ(p.SaveInFile(dir / "ISO.xml"), S_OK);
+  EXPECT_EQ(ReadText(dir / "ISO.xml"), text);
+  for (int isFile : {0, 1}) {
+    ZOLAnnStandardXMLParser read;
+    ASSERT_EQ(read.DecodeXML(ZOLUnicodeString(isFile ? dir / "ISO.xml" : text), isFile), 0) << text;
+    EXPECT_EQ(DumpAll(read), DumpAll(p));
+    EXPECT_EQ(Save(read), text);  // a second round gives the same bytes
+    EXPECT_EQ(read.GetVersion(), 290);
+  }
 }
 
 TEST_F(DOMCodec, RoundTrip_WritesRootsInOrderWithMinvalAndName) {
@@ -130,18 +116,6 @@ TEST_F(DOMCodec, RoundTrip_WritesRootsInOrderWithMinvalAndName) {
   for (const char* piece : {"<std:floatval minval=\"0.0\">1.0</std:floatval>", "<std:enumval name=\"YesNo\">Yes</std:enumval>",
                             "<std:strval> </std:strval>", "<std:strval></std:strval>", "&lt;a &amp; \"b\"&gt; 'c' \xc3\xa9"})
     EXPECT_NE(text.find(piece), std::string::npos) << piece;
-}
-
-TEST_F(DOMCodec, RoundTrip_ThroughAFile) {
-  std::string path = TempDir() + "/ISO.xml";
-  ZOLAnnStandardXMLParser built;
-  BuildSample(built);
-  ASSERT_EQ(built.SaveInFile(path), S_OK);
-  ZOLAnnStandardXMLParser read;
-  ASSERT_EQ(read.DecodeXML(ZOLUnicodeString(path), 1), 0);
-  EXPECT_EQ(DumpAll(read), DumpAll(built));
-  EXPECT_EQ(ReadAll(path), Save(built));
-  fs::remove_all(fs::path(path).parent_path());
 }
 
 TEST_F(DOMCodec, RoundTrip_ValuesComeBeforeSubNodesOnceWritten) {
@@ -326,7 +300,8 @@ void SurvivesAfterwards(ZOLAnnStandardXMLParser& p) {
 }
 
 TEST_F(DOMCodec, BadInput_EachGivesFailureWithoutACrash) {
-  std::string dir = TempDir();
+  ScratchDir scratch;
+  const std::string& dir = scratch.Path();
   std::string full = Std("<std:node name=\"A\"><std:intval>1</std:intval></std:node>");
   std::map<std::string, std::string> files = {
       {"empty", ""},
@@ -349,10 +324,9 @@ TEST_F(DOMCodec, BadInput_EachGivesFailureWithoutACrash) {
   EXPECT_EQ(p.DecodeXML(ZOLUnicodeString(dir + "/missing.xml"), 1), 1);
   EXPECT_EQ(p.DecodeXML(ZOLUnicodeString(dir), 1), 1);  // a directory
   SurvivesAfterwards(p);
-  fs::remove_all(dir);
 }
 
-TEST_F(DOMCodec, Deep_HundredThousandLevelsDecodeSaveCloneAndGo) {
+TEST_F(DOMCodec, Deep_HundredThousandLevelsDecodeSaveAndGo) {
   const int depth = 100000;
   std::string body;
   body.reserve(depth * 40);
@@ -372,11 +346,6 @@ TEST_F(DOMCodec, Deep_HundredThousandLevelsDecodeSaveCloneAndGo) {
     ZOLAnnStandardXMLParser again;
     ASSERT_EQ(Decode(again, saved), 0);
     EXPECT_EQ(Save(again), saved);
-    std::string path = TempDir() + "/deep.xml";
-    EXPECT_EQ(again.SaveInFile(path), S_OK);
-    fs::remove_all(fs::path(path).parent_path());
-    ZOLRef<ZOLAnnStandardXMLNode> copy = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(p.Root()->Clone());
-    EXPECT_EQ(copy->GetNumOfNode(), 1);
   }
 }
 
@@ -384,7 +353,8 @@ TEST_F(DOMCodec, Deep_HundredThousandLevelsDecodeSaveCloneAndGo) {
 
 TEST_F(DOMCodec, SaveInFile_IntoAPlaceThatCannotBeWrittenFailsAndLeavesTheOldFile) {
   BuildSample(p);
-  std::string dir = TempDir();
+  ScratchDir scratch;
+  const std::string& dir = scratch.Path();
   EXPECT_EQ(p.SaveInFile(dir + "/no/such/dir/ISO.xml"), E_FAIL);
   EXPECT_EQ(p.SaveInFile(dir), E_FAIL);  // a directory
   std::string old = dir + "/ISO.xml";
@@ -393,7 +363,7 @@ TEST_F(DOMCodec, SaveInFile_IntoAPlaceThatCannotBeWrittenFailsAndLeavesTheOldFil
     fs::permissions(dir, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::group_read | fs::perms::others_read);
     EXPECT_EQ(p.SaveInFile(old), E_FAIL);
     fs::permissions(dir, fs::perms::owner_all);
-    EXPECT_EQ(ReadAll(old), "old content");
+    EXPECT_EQ(ReadText(old), "old content");
   }
   // A write cut short (file size limit; binds root too) leaves the old file and no temporary.
   auto previous = std::signal(SIGXFSZ, SIG_IGN);
@@ -406,25 +376,23 @@ TEST_F(DOMCodec, SaveInFile_IntoAPlaceThatCannotBeWrittenFailsAndLeavesTheOldFil
   ::setrlimit(RLIMIT_FSIZE, &saved);
   std::signal(SIGXFSZ, previous);
   EXPECT_EQ(hr, E_FAIL);
-  EXPECT_EQ(ReadAll(old), "old content");
+  EXPECT_EQ(ReadText(old), "old content");
   int entries = 0;
   for (auto& e : fs::directory_iterator(dir)) entries += e.path().filename() != "ISO.xml";
   EXPECT_EQ(entries, 0);
   EXPECT_EQ(p.SaveInFile(old), S_OK);
-  EXPECT_EQ(ReadAll(old), Save(p));
-  fs::remove_all(dir);
+  EXPECT_EQ(ReadText(old), Save(p));
 }
 
 TEST_F(DOMCodec, Save_RootWithAValueOfItsOwnIsRefusedAndNothingIsWritten) {
   BuildSample(p);
   ZOLRef<ZOLAnnStandardXMLValue> v = ZOLRef<ZOLAnnStandardXMLValue>::Adopt(new ZOLAnnStandardXMLValue(ZOLAnnStandardXMLValue::IntValue, "1", "", 0));
   p.Root()->AddValue(v.get(), -1);
-  std::string dir = TempDir();
-  std::ofstream(dir + "/ISO.xml") << "old content";
-  EXPECT_EQ(p.SaveInFile(dir + "/ISO.xml"), E_UNEXPECTED);
-  EXPECT_EQ(ReadAll(dir + "/ISO.xml"), "old content");
+  ScratchDir dir;
+  qeltest::WriteText(dir / "ISO.xml", "old content");
+  EXPECT_EQ(p.SaveInFile(dir / "ISO.xml"), E_UNEXPECTED);
+  EXPECT_EQ(ReadText(dir / "ISO.xml"), "old content");
   reports = 1;
-  fs::remove_all(dir);
 }
 
 TEST_F(DOMCodec, Save_NodeOrValueOfNoKindOfTheDialectFails) {

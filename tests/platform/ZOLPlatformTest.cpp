@@ -5,32 +5,25 @@
 
 #include "ZOLFile.h"
 #include "ZOLListValZOLUnicodeString.h"
+#include "ZOLScratch.h"
 #include "ZOLTestReports.h"
 #include "ZOLUnicodeString.h"
 
-TEST(UnicodeString, ConvertToNumReadsLeadingIntegerAndIgnoresTheRest) {
-  int n = -1;
-  EXPECT_NE(ZOLUnicodeString("22,").ConvertToNum(&n, "%d"), 0);
-  EXPECT_EQ(n, 22);
-  EXPECT_NE(ZOLUnicodeString("  -7abc").ConvertToNum(&n, "%d"), 0);
-  EXPECT_EQ(n, -7);
-  n = 5;
-  EXPECT_EQ(ZOLUnicodeString("x1").ConvertToNum(&n, "%d"), 0);
-  EXPECT_EQ(ZOLUnicodeString("").ConvertToNum(&n, "%d"), 0);
-  EXPECT_EQ(ZOLUnicodeString("-").ConvertToNum(&n, "%d"), 0);
-  EXPECT_EQ(n, 5);
-}
-
-TEST(UnicodeString, RealsReadAndWriteWithPointWhateverTheLocale) {
+// Each case: text, whether it reads, and the number left (5 when nothing was read).
+TEST(UnicodeString, ConvertToNumReadsALeadingNumberAndIgnoresTheRestWhateverTheLocale) {
   const char* old = std::setlocale(LC_NUMERIC, nullptr);
   std::string saved = old ? old : "C";
   std::setlocale(LC_NUMERIC, "de_DE.UTF-8");  // may be missing; the test holds either way
-  double d = 0;
-  EXPECT_NE(ZOLUnicodeString("1.25mm").ConvertToNum(&d, "%le"), 0);
-  EXPECT_DOUBLE_EQ(d, 1.25);
-  EXPECT_NE(ZOLUnicodeString(" -3e2").ConvertToNum(&d, "%le"), 0);
-  EXPECT_DOUBLE_EQ(d, -300.0);
-  EXPECT_EQ(ZOLUnicodeString("mm").ConvertToNum(&d, "%le"), 0);
+  for (auto [text, reads, value] : {std::tuple("22,", true, 22), {"  -7abc", true, -7}, {"x1", false, 5}, {"", false, 5}, {"-", false, 5}}) {
+    int n = 5;
+    EXPECT_EQ(ZOLUnicodeString(text).ConvertToNum(&n, "%d") != 0, reads) << text;
+    EXPECT_EQ(n, value) << text;
+  }
+  for (auto [text, reads, value] : {std::tuple("1.25mm", true, 1.25), {" -3e2", true, -300.0}, {"mm", false, 5.0}}) {
+    double d = 5;
+    EXPECT_EQ(ZOLUnicodeString(text).ConvertToNum(&d, "%le") != 0, reads) << text;
+    EXPECT_DOUBLE_EQ(d, value) << text;
+  }
   EXPECT_EQ(ZOLUnicodeString().BuildFromNum(0.35).str(), "0.35");
   EXPECT_EQ(ZOLUnicodeString().BuildFromNum(1e-7).str(), "1e-07");
   EXPECT_EQ(ZOLUnicodeString().BuildFromNum(2.5, "%.3f").str(), "2.500");
@@ -106,13 +99,12 @@ TEST(AssertionReport, DevelopmentModeAlsoPrintsAndGoesToAbendLog) {
 }
 
 TEST(Files, AtomicWriteReplacesWholeAndFailsCleanlyInMissingDirectory) {
-  std::string path = testing::TempDir() + "zol_atomic.txt";
-  ASSERT_EQ(ZOLWriteFileAtomically(path.c_str(), "first"), S_OK);
-  ASSERT_EQ(ZOLWriteFileAtomically(path.c_str(), "second"), S_OK);
+  qeltest::ScratchDir dir;
+  ASSERT_EQ(ZOLWriteFileAtomically((dir / "x.txt").c_str(), "first"), S_OK);
+  ASSERT_EQ(ZOLWriteFileAtomically((dir / "x.txt").c_str(), "second"), S_OK);
   std::string back;
-  ASSERT_EQ(ZOLReadFile(path.c_str(), back), S_OK);
+  ASSERT_EQ(ZOLReadFile((dir / "x.txt").c_str(), back), S_OK);
   EXPECT_EQ(back, "second");
   EXPECT_EQ(ZOLWriteFileAtomically("/nonexistent-dir/x.xml", "x"), E_FAIL);
   EXPECT_EQ(ZOLReadFile("/nonexistent-dir/x.xml", back), E_FAIL);
-  std::remove(path.c_str());
 }

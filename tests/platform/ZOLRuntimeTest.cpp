@@ -75,13 +75,14 @@ ZOLAttachmentRegistrar s_counterBOA(ZOLTestCounterImpl::MetaObject(), ZOLITestCo
 
 }  // namespace
 
-TEST(Runtime, QueryMakesTheTIEOnDemandAndForwardsToTheImplementation) {
-  auto* impl = new ZOLTestGreeterImpl;
-  ZOLVar<ZOLITestGreeter> greeter(static_cast<ZOLBaseUnknown*>(impl));
-  ASSERT_FALSE(greeter.IsNull());
-  EXPECT_EQ(greeter->Greet(3), 30);
-  EXPECT_EQ(greeter->GetImpl(), impl);
-  impl->Release();
+TEST(Runtime, QueryMakesTheTIEOnDemandForTheClassAndItsDerivedClassesAndForwardsToTheImplementation) {
+  for (ZOLTestGreeterImpl* impl : std::initializer_list<ZOLTestGreeterImpl*>{new ZOLTestGreeterImpl, new ZOLTestDerivedGreeterImpl}) {
+    ZOLVar<ZOLITestGreeter> greeter(static_cast<ZOLBaseUnknown*>(impl));
+    ASSERT_FALSE(greeter.IsNull());
+    EXPECT_EQ(greeter->Greet(3), 30);
+    EXPECT_EQ(greeter->GetImpl(), impl);
+    impl->Release();
+  }
 }
 
 TEST(Runtime, SecondQueryGivesTheSameTIEWhichSharesTheCount) {
@@ -101,14 +102,6 @@ TEST(Runtime, SecondQueryGivesTheSameTIEWhichSharesTheCount) {
   EXPECT_EQ(ZOLTestGreeterImpl::destroyed, 0);
   tie->Release();  // the last reference, held through the TIE, takes the object and its TIE
   EXPECT_EQ(ZOLTestGreeterImpl::destroyed, 1);
-}
-
-TEST(Runtime, DerivedClassFindsTheAttachmentOfItsBaseClass) {
-  auto* impl = new ZOLTestDerivedGreeterImpl;
-  ZOLVar<ZOLITestGreeter> greeter(static_cast<ZOLBaseUnknown*>(impl));
-  ASSERT_FALSE(greeter.IsNull());
-  EXPECT_EQ(greeter->Greet(2), 20);
-  impl->Release();
 }
 
 TEST(Runtime, BOAClassHandsItselfOut) {
@@ -136,9 +129,9 @@ TEST(Runtime, NullHandleThrowsOnUse) {
   ZOLVar<ZOLITestGreeter> greeter;
   EXPECT_TRUE(greeter.IsNull());
   EXPECT_TRUE(greeter == nullptr);
-  EXPECT_THROW(greeter->Greet(1), ZOLNullVarError);
   try {
     greeter->Greet(1);
+    ADD_FAILURE() << "no exception";
   } catch (const ZOLNullVarError& e) {
     EXPECT_NE(std::string(e.what()).find("ZOLITestGreeter"), std::string::npos);
   }

@@ -1,16 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 #include <sys/mman.h>
 
+#include "ZOLScratch.h"
 #include "ZOLTestReports.h"
 #include "ZOLXMLDOM.h"
 #include "ZOLXMLSAX.h"
 
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -35,10 +33,6 @@ ZOLIDOMElement Top(const ZOLIDOMDocument& doc) {
   return e;
 }
 
-std::string TempPath(const char* name) {
-  return (fs::temp_directory_path() / (std::string("zoldom_") + std::to_string(::getpid()) + "_" + name)).string();
-}
-
 class DOMBuilder : public testing::Test {
 protected:
   std::unique_ptr<ZOLIXMLDOMDocumentBuilder> b = Builder();
@@ -50,9 +44,7 @@ protected:
 TEST_F(DOMBuilder, SupportsValidationNamespacesAndPrettyPrint) {
   ZOLListValZOLUnicodeString names;
   Builder()->GetSupportedOptions(names);
-  EXPECT_TRUE(names.Locate("ZOLDoValidation"));
-  EXPECT_TRUE(names.Locate("ZOLEnableNameSpaces"));
-  EXPECT_TRUE(names.Locate("ZOLFormatPrettyPrint"));
+  for (const char* option : {"ZOLDoValidation", "ZOLEnableNameSpaces", "ZOLFormatPrettyPrint"}) EXPECT_TRUE(names.Locate(option)) << option;
 }
 
 TEST_F(DOMBuilder, UnknownOptionOrNonBooleanValueIsRefused) {
@@ -74,12 +66,10 @@ TEST_F(DOMBuilder, ValidationChecksAgainstTheDocumentsOwnDtdOnly) {
 }
 
 TEST_F(DOMBuilder, ExternalDtdAndEntitiesAreNeverLoaded) {
-  std::string secret = TempPath("secret.ent");
-  std::string dtd = TempPath("ext.dtd");
-  { std::ofstream(secret) << "SECRET"; }
-  { std::ofstream(dtd) << "<!ELEMENT r (#PCDATA)>"; }
-  auto b = Builder();
-  ZOLIDOMDocument doc;
+  qeltest::ScratchDir dir;
+  std::string secret = dir / "secret.ent", dtd = dir / "ext.dtd";
+  qeltest::WriteText(secret, "SECRET");
+  qeltest::WriteText(dtd, "<!ELEMENT r (#PCDATA)>");
   for (const char* validate : {"false", "true"}) {
     std::string text = "<!DOCTYPE r SYSTEM \"" + dtd + "\" [<!ENTITY e SYSTEM \"" + secret + "\">]><r>&e;</r>";
     Read(*b, text, doc, Options().Add("ZOLDoValidation", validate));
@@ -88,8 +78,6 @@ TEST_F(DOMBuilder, ExternalDtdAndEntitiesAreNeverLoaded) {
     ASSERT_EQ(b->WriteToString(doc, out, {}, {}), S_OK);
     EXPECT_EQ(out.find("SECRET"), std::string::npos) << out;
   }
-  std::remove(secret.c_str());
-  std::remove(dtd.c_str());
 }
 
 TEST_F(DOMBuilder, WithoutNamespacesElementsHaveOnlyTheirQualifiedName) {
@@ -155,7 +143,8 @@ TEST_F(DOMBuilder, CreatedDocumentWritesNamespacesOnceAndTextsUnmerged) {
 
 TEST_F(DOMBuilder, WriteToFileReplacesWholeOrNotAtAll) {
   ASSERT_EQ(Read(*b, "<r><a>1</a></r>", doc), S_OK);
-  std::string path = TempPath("out.xml");
+  qeltest::ScratchDir dir;
+  std::string path = dir / "out.xml";
   ASSERT_EQ(b->WriteToFile(doc, path, {}, {}), S_OK);
   ZOLIDOMDocument back;
   ASSERT_EQ(b->BuildDocumentFromFile(path, {}, {}, back), S_OK);
@@ -166,7 +155,6 @@ TEST_F(DOMBuilder, WriteToFileReplacesWholeOrNotAtAll) {
   EXPECT_NE(b->GetLastError().find("/nonexistent/dir/out.xml"), std::string::npos);
   EXPECT_EQ(b->BuildDocumentFromFile("/nonexistent/in.xml", {}, {}, back), E_FAIL);
   EXPECT_NE(b->GetLastError().find("cannot open"), std::string::npos);
-  std::remove(path.c_str());
 }
 
 TEST_F(DOMBuilder, NodeTypesAndNamesAsInDom) {

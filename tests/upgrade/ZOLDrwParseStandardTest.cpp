@@ -1,11 +1,8 @@
 // The upgrade driver: parent and level, output path, the walk over the stages, style changes, output lines.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <string>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -13,32 +10,17 @@
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDrwParseStandard.h"
 #include "ZOLRefCounted.h"
+#include "ZOLEditLines.h"
+#include "ZOLScratch.h"
 #include "ZOLReportCountTest.h"
 #include "upgrade/migration/ZOLDrwMigration.h"
 
 namespace {
 
-// Builds the tree through edit lines: "N path:name" plain node, "T path:name" typed entry,
-// "V path:name:type:value" value (occurrence 1), "L path:..." value on the last sub-node (-1).
-void Build(ZOLAnnStandardXMLParser& p, const std::vector<std::string>& lines) {
-  for (const std::string& line : lines) {
-    std::string edit = line.substr(2);
-    int rc = 0;
-    switch (line[0]) {
-      case 'N': rc = p.AddNodeWithPath(edit, 0); break;
-      case 'T': rc = p.AddNodeWithPath(edit, 1); break;
-      case 'V': rc = p.AddValueWithPath(edit, 1); break;
-      case 'L': rc = p.AddValueWithPath(edit, -1); break;
-    }
-    ASSERT_EQ(rc, 0) << line;
-  }
-}
-
 // A driver whose tree comes from edit lines and whose chain may be the test's own.
 class Driver : public ZOLDrwParseStandard {
 public:
-  Driver(ZOLUnicodeString& name, std::vector<std::string> lines, const ZOLDrwMigrationStage* stages = nullptr,
-         int count = 0)
+  Driver(ZOLUnicodeString& name, std::vector<std::string> lines, const ZOLDrwMigrationStage* stages = nullptr, int count = 0)
       : ZOLDrwParseStandard(name, stages ? stages : ZOLDrwShippedStages().data(),
                             stages ? count : static_cast<int>(ZOLDrwShippedStages().size())),
         _lines(std::move(lines)) {}
@@ -46,16 +28,24 @@ public:
       : Driver(name, std::move(lines), chain.data(), static_cast<int>(chain.size())) {}
 
   int DecodeTree(ZOLAnnStandardXMLParser& parser) override {
-    Build(parser, _lines);
+    ZOLEditLines(parser, _lines);
     return 0;
   }
   void SetStartLevel(int level) { _Version = level; }
+  // Upgrades from a start level to a target (-1 the current), with or without default values.
+  void Upgrade(int start, int target, bool updateDefaults = false) {
+    _Version = start;
+    ZOLDrwParseStandardUpgradeOptions options;
+    options.UpdateDefaultValues = updateDefaults;
+    UpgradeVersion(target, options);
+  }
   ZOLAnnStandardXMLParser* Parser() { return _Parser; }
+  // The text of the first value at a path.
+  std::string Text(const char* path) { return _Parser->GetValueWithPath(path).str(); }
 
   using ZOLDrwParseStandard::ChangeStyleValue;
   using ZOLDrwParseStandard::CreateOutput;
   using ZOLDrwParseStandard::GetParentStandardId;
-  using ZOLDrwParseStandard::UpgradeVersion;
 
 private:
   std::vector<std::string> _lines;
@@ -96,38 +86,30 @@ std::vector<int> Range(int first, int last) {
   return v;
 }
 
-// Runs a recording chain over a decoded tree of parent ISO from start to target.
-std::vector<int> Walk(int start, int target, std::vector<ZOLDrwMigrationStage> chain = RecordingChain()) {
-  ZOLUnicodeString name("walk.xml");
-  Decoded d(name, WithParent("ISO"), chain);
-  d.SetStartLevel(start);
-  g_ran.clear();
-  ZOLDrwParseStandardUpgradeOptions options;
-  d.UpgradeVersion(target, options);
-  return g_ran;
-}
-
-const char* kStyles[] = {
-    "N Root:Styles",
-    "N Root.Styles:Text",
-    "N Root.Styles.Text:Default",
-    "V Root.Styles.Text.Default:Font:string:Arial",
-    "N Root.Styles.Text:Custom",
-    "V Root.Styles.Text.Custom:Font:string:Arial",
-    "N Root.Styles.Text:Last",
-    "V Root.Styles.Text.Last:Font:string:Arial",
-};
-
+// Three text styles, each with the font Arial, after the parent.
 std::vector<std::string> StylesWithParent(const char* parent) {
   std::vector<std::string> lines = WithParent(parent);
-  lines.insert(lines.end(), std::begin(kStyles), std::end(kStyles));
+  lines.insert(lines.end(), {"N Root:Styles", "N Root.Styles:Text"});
+  for (std::string style : {"Default", "Custom", "Last"})
+    lines.insert(lines.end(), {"N Root.Styles.Text:" + style, "V Root.Styles.Text." + style + ":Font:string:Arial"});
   return lines;
 }
 
-std::string Text(ZOLAnnStandardXMLParser* p, const char* path) { return p->GetValueWithPath(path).str(); }
+// The font of each text style, joined by ",".
+std::string Fonts(Driver& d) {
+  return d.Text("Root.Styles.Text.Default.Font") + "," + d.Text("Root.Styles.Text.Custom.Font") + "," +
+         d.Text("Root.Styles.Text.Last.Font");
+}
 
 class DriverTest : public ZOLReportCountTest {
 protected:
+  // Runs a recording chain over a decoded tree of parent ISO from start to target: the stages that ran.
+  std::vector<int> Walk(int start, int target, std::vector<ZOLDrwMigrationStage> chain = RecordingChain()) {
+    Decoded d(name, WithParent("ISO"), chain);
+    g_ran.clear();
+    d.Upgrade(start, target);
+    return g_ran;
+  }
   ZOLUnicodeString name{"std.xml"};
 };
 class ParentStandard : public DriverTest {};
@@ -139,63 +121,50 @@ class EditTable : public DriverTest {};
 
 }  // namespace
 
-TEST_F(ParentStandard, AnsiWithDatumModeOneIsAsmeAndTwoStaysAnsi) {
-  Decoded asme(name, WithParent("ANSI", "1"));
-  EXPECT_EQ(asme.GetParentStandard().str(), "ASME");
-  Decoded ansi(name, WithParent("ANSI", "2"));
-  EXPECT_EQ(ansi.GetParentStandard().str(), "ANSI");
-  EXPECT_EQ(asme.GetParentStandardId(), ZOLDrwParseStandard::ASME);
-  EXPECT_EQ(ansi.GetParentStandardId(), ZOLDrwParseStandard::ANSI);
+// Each case: parent, datum mode, the parent read, its id, and the reports.
+TEST_F(ParentStandard, AnsiIsAsmeOrAnsiByItsDatumModeWhichNoOtherParentReads) {
+  for (auto [parent, mode, read, id, count] :
+       {std::tuple("ANSI", "1", "ASME", int(ZOLDrwParseStandard::ASME), 0), {"ANSI", "2", "ANSI", int(ZOLDrwParseStandard::ANSI), 0},
+        {"ANSI", "0", "ANSI", int(ZOLDrwParseStandard::ANSI), 1}, {"JIS", "1", "JIS", int(ZOLDrwParseStandard::JIS), 0}}) {
+    r.Clear();
+    Decoded d(name, WithParent(parent, mode));
+    EXPECT_EQ(d.GetParentStandard().str(), read) << parent << mode;
+    EXPECT_EQ(r.CountContaining("Invalid TXTDatumMode"), count) << parent << mode;
+    EXPECT_EQ(r.Count(), count) << parent << mode;
+    EXPECT_EQ(d.GetParentStandardId(), id) << parent << mode;
+  }
 }
 
-TEST_F(ParentStandard, AnsiWithOtherDatumModeStaysAnsiAfterOneReport) {
-  Decoded d(name, WithParent("ANSI", "0"));
-  EXPECT_EQ(d.GetParentStandard().str(), "ANSI");
-  EXPECT_EQ(r.CountContaining("Invalid TXTDatumMode"), 1);
-  reports = 1;
-}
-
-TEST_F(ParentStandard, DatumModeIsReadOnlyForAnsi) {
-  Decoded d(name, WithParent("JIS", "1"));
-  EXPECT_EQ(d.GetParentStandard().str(), "JIS");
-  EXPECT_EQ(d.GetParentStandardId(), ZOLDrwParseStandard::JIS);
-}
-
-TEST_F(ParentStandard, MissingNodeGivesEmptyParentNotIso) {
-  std::vector<std::string> lines = {"N Root:Dimension"};
-  lines.insert(lines.end(), std::begin(kStyles), std::end(kStyles));
+TEST_F(ParentStandard, MissingNodeGivesEmptyParentNotIsoToWhichNoMaskApplies) {
+  std::vector<std::string> lines = StylesWithParent("");
+  lines.erase(lines.begin() + 1);  // no ParentStandard node
   Decoded d(name, lines);
   EXPECT_EQ(d.GetParentStandard().str(), "");
   EXPECT_EQ(r.Count(), 0);
   EXPECT_EQ(d.GetParentStandardId(), 0);
   EXPECT_EQ(r.CountContaining("Unknown parent standard!!"), 1);
-  r.Clear();
-  // Even a mask of every parent cannot apply to an unknown one.
   EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 0);
-  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
-  reports = 1;
+  EXPECT_EQ(Fonts(d), "Arial,Arial,Arial");
+  reports = 2;
 }
 
-TEST_F(Decode, EmptyFileNameDecodesNothingAndEncodeWritesNothing) {
-  ZOLUnicodeString empty;
+// An empty file name decodes nothing and encodes nothing; a missing file gives an empty tree,
+// which has no Annotation node and so dates as release 9.
+TEST_F(Decode, EmptyFileNameDecodesNothingAndAMissingFileAnEmptyTree) {
+  ZOLUnicodeString empty, missing("/nonexistent-dir/none.xml");
+  for (auto [file, version] : {std::pair(&empty, 0), {&missing, 1}}) {
+    ZOLDrwParseStandard d(*file);
+    d.Decode();
+    EXPECT_EQ(d.GetVersion(), version) << file->str();
+    EXPECT_EQ(d.GetParentStandard().str(), "") << file->str();
+  }
   ZOLDrwParseStandard d(empty);
   d.Decode();
-  EXPECT_EQ(d.GetVersion(), 0);
-  EXPECT_EQ(d.GetParentStandard().str(), "");
   ZOLUnicodeString out("previous");
   ZOLDrwParseStandardUpgradeOptions options;
   d.Encode("/nonexistent-dir", out, options);
   EXPECT_EQ(out.str(), "");
   EXPECT_FALSE(d.GetOutcome().saved);
-}
-
-TEST_F(Decode, MissingFileGivesAnEmptyTreeOfReleaseNine) {
-  ZOLUnicodeString name("/nonexistent-dir/none.xml");
-  ZOLDrwParseStandard d(name);
-  d.Decode();
-  // An empty tree has no Annotation node: it dates as release 9.
-  EXPECT_EQ(d.GetVersion(), 1);
-  EXPECT_EQ(d.GetParentStandard().str(), "");
 }
 
 TEST_F(Decode, SecondDecodeChangesNothing) {
@@ -218,19 +187,13 @@ TEST_F(CreateOutput, NameOfTheInputCutAtFirstXmlInTheGivenDirectoryWithBackslash
   EXPECT_EQ(out.str(), ".\\Company.xml");
 }
 
+// Each case: start level, target (-1 the current) and the stages that ran; a target equal to the
+// start, or a start at or past the last stage, runs nothing.
 TEST_F(UpgradeWalk, TargetStopsTheChainAtItsLevel) {
-  EXPECT_EQ(Walk(100, 140), Range(11, 14));
-  EXPECT_EQ(Walk(100, 145), Range(11, 14));
-  EXPECT_EQ(Walk(1, -1), Range(2, 29));
-  EXPECT_EQ(Walk(30, 60), Range(4, 6));
-}
-
-TEST_F(UpgradeWalk, StartLevelsThatRunNothing) {
-  EXPECT_EQ(Walk(150, 140), std::vector<int>{});
-  EXPECT_EQ(Walk(140, 140), std::vector<int>{}) << "a target equal to the start runs nothing";
-  EXPECT_EQ(Walk(281, -1), std::vector<int>{});
-  EXPECT_EQ(Walk(290, -1), std::vector<int>{});
-  EXPECT_EQ(Walk(280, -1), std::vector<int>{29});
+  for (auto [start, target, ran] : {std::tuple(100, 140, Range(11, 14)), {100, 145, Range(11, 14)}, {1, -1, Range(2, 29)},
+                                    {30, 60, Range(4, 6)}, {150, 140, {}}, {140, 140, {}}, {281, -1, {}}, {290, -1, {}},
+                                    {280, -1, {29}}})
+    EXPECT_EQ(Walk(start, target), ran) << start << " to " << target;
 }
 
 TEST_F(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) {
@@ -238,10 +201,8 @@ TEST_F(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) 
     r.Clear();
     std::vector<ZOLDrwMigrationStage> chain = RecordingChain();
     Decoded d(name, WithParent("ISO"), chain);
-    d.SetStartLevel(start);
     g_ran.clear();
-    ZOLDrwParseStandardUpgradeOptions options;
-    d.UpgradeVersion(-1, options);
+    d.Upgrade(start, -1);
     EXPECT_EQ(g_ran, std::vector<int>{}) << start;
     EXPECT_TRUE(d.GetOutcome().stoppedByGuard);
     EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
@@ -250,41 +211,33 @@ TEST_F(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) 
   reports = 1;
 }
 
-TEST_F(UpgradeWalk, UnbuiltStageStopsThePassAndIsReported) {
+TEST_F(UpgradeWalk, UnbuiltStageStopsThePassAndIsReportedButNotBeyondTheTarget) {
   std::vector<ZOLDrwMigrationStage> chain = RecordingChain();
   chain[12].step = nullptr;  // stage 13, 120 to 130
   Decoded d(name, WithParent("ISO"), chain);
-  d.SetStartLevel(100);
   g_ran.clear();
-  ZOLDrwParseStandardUpgradeOptions options;
-  d.UpgradeVersion(-1, options);
+  d.Upgrade(100, -1);
   EXPECT_EQ(g_ran, (std::vector<int>{11, 12}));
   const ZOLDrwParseStandard::Outcome& o = d.GetOutcome();
-  EXPECT_EQ(o.stagesRun, 2);
-  EXPECT_EQ(o.levelReached, 120);
-  EXPECT_EQ(o.blockedStage, 13);
-  EXPECT_EQ(o.blockedFrom, 120);
-  EXPECT_EQ(o.blockedTo, 130);
+  EXPECT_EQ(std::tuple(o.stagesRun, o.levelReached, o.blockedStage, o.blockedFrom, o.blockedTo), std::tuple(2, 120, 13, 120, 130));
   EXPECT_STREQ(o.blockedStep, "Migrate209To21n210");
   EXPECT_EQ(r.CountContaining("not built yet"), 1);
   EXPECT_EQ(r.Count(), 1);
-  // An unbuilt stage beyond the target is not reached and stops nothing.
   g_ran.clear();
   r.Clear();
-  d.UpgradeVersion(120, options);
+  d.Upgrade(100, 120);
   EXPECT_EQ(g_ran, (std::vector<int>{11, 12}));
   EXPECT_EQ(d.GetOutcome().blockedStage, 0);
 }
 
 TEST_F(UpgradeWalk, BlockedUpgradeWritesNoFile) {
-  std::string out = std::filesystem::temp_directory_path() / ("qelstd-blocked-" + std::to_string(getpid()) + ".xml");
-  std::filesystem::remove(out);
-  ZOLUnicodeString name("/somewhere/std.xml");
-  Decoded d(name, WithParent("ISO", nullptr));
+  qeltest::ScratchDir dir;
+  ZOLUnicodeString input("/somewhere/std.xml");
+  Decoded d(input, WithParent("ISO"));
   d.SetStartLevel(150);
   ZOLDrwParseStandardUpgradeOptions options;
-  d.EncodeToVersion(-1, options, out.c_str());
-  EXPECT_FALSE(std::filesystem::exists(out));
+  d.EncodeToVersion(-1, options, (dir / "std.xml").c_str());
+  EXPECT_FALSE(std::filesystem::exists(dir / "std.xml"));
   EXPECT_FALSE(d.GetOutcome().saved);
   EXPECT_EQ(d.GetOutcome().blockedFrom, 150);
   EXPECT_EQ(r.CountContaining("not built yet"), 1);
@@ -306,47 +259,46 @@ TEST_F(UpgradeWalk, ShippedChainListsEveryStageInOrder) {
   EXPECT_EQ(stages.back().to, ZOLDrwParseStandard::GetCurrentVersion());
 }
 
-TEST_F(ChangeStyleValue, ChangesEveryStyleWhenAllHoldTheOldValue) {
-  Decoded d(name, StylesWithParent("JIS"));
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 12, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
-  for (const char* s : {"Default", "Custom", "Last"})
-    EXPECT_EQ(Text(d.Parser(), (std::string("Root.Styles.Text.") + s + ".Font").c_str()), "Mono") << s;
-}
-
-TEST_F(ChangeStyleValue, StopsAtTheFirstStyleThatDiffers) {
-  Decoded d(name, StylesWithParent("ISO"));
-  ASSERT_EQ(d.Parser()->ChangeValueWithPath("Root.Styles.Text.Custom.Font:Courier"), 0);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 0);
-  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Mono") << "styles before it stay changed";
-  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Custom.Font"), "Courier");
-  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Last.Font"), "Arial") << "styles after it are not reached";
-  reports = 1;
-}
-
-TEST_F(ChangeStyleValue, ValueOfAnotherTypeStopsTheChange) {
-  Decoded d(name, StylesWithParent("ISO"));
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::EnumValue, "Arial", "Mono"), 0);
-  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
-  reports = 1;
-}
-
-TEST_F(ChangeStyleValue, MaskWithoutTheParentSucceedsWithoutLookingAtTheTree) {
-  Decoded d(name, StylesWithParent("JIS"));
-  EXPECT_EQ(d.ChangeStyleValue("Root.No.Such.Family", "Font", 7, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 3, ZOLAnnStandardXMLValue::StringValue, "Arial", "Mono"), 1);
-  EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "Arial");
-}
-
-TEST_F(ChangeStyleValue, MissingFamilyEmptyFamilyAndBadArgumentsGiveZero) {
-  std::vector<std::string> lines = StylesWithParent("ISO");
-  lines.push_back("N Root.Styles:Empty");
-  Decoded d(name, lines);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.None", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Empty", "Font", 15, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 0, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Font", 15, ZOLAnnStandardXMLValue::StringValue, nullptr, "b"), 0);
-  EXPECT_EQ(d.ChangeStyleValue("Root.Styles.Text", "Size", 15, ZOLAnnStandardXMLValue::StringValue, "a", "b"), 0);
-  reports = 5;
+// A change runs over the styles in order and stops at the first that differs, leaving those
+// before it changed; a mask without the parent succeeds without looking at the tree; a missing
+// or empty family, an empty mask or a missing property or old value give zero with a report.
+TEST_F(ChangeStyleValue, ChangesTheStylesInOrderUntilOneDiffers) {
+  using V = ZOLAnnStandardXMLValue;
+  struct Row {
+    const char *parent, *customFont, *family, *property;
+    int mask;
+    V::Type type;
+    const char *from, *to;
+    int result;
+    const char* fonts;  // Default, Custom and Last afterwards
+    int reports;
+  };
+  const Row rows[] = {
+      {"JIS", nullptr, "Root.Styles.Text", "Font", 12, V::StringValue, "Arial", "Mono", 1, "Mono,Mono,Mono", 0},
+      {"ISO", "Courier", "Root.Styles.Text", "Font", 15, V::StringValue, "Arial", "Mono", 0, "Mono,Courier,Arial", 1},
+      {"ISO", nullptr, "Root.Styles.Text", "Font", 15, V::EnumValue, "Arial", "Mono", 0, "Arial,Arial,Arial", 1},
+      {"JIS", nullptr, "Root.No.Such.Family", "Font", 7, V::StringValue, "Arial", "Mono", 1, "Arial,Arial,Arial", 0},
+      {"JIS", nullptr, "Root.Styles.Text", "Font", 3, V::StringValue, "Arial", "Mono", 1, "Arial,Arial,Arial", 0},
+      {"ISO", nullptr, "Root.Styles.None", "Font", 15, V::StringValue, "a", "b", 0, "Arial,Arial,Arial", 1},
+      {"ISO", nullptr, "Root.Styles.Empty", "Font", 15, V::StringValue, "a", "b", 0, "Arial,Arial,Arial", 1},
+      {"ISO", nullptr, "Root.Styles.Text", "Font", 0, V::StringValue, "a", "b", 0, "Arial,Arial,Arial", 1},
+      {"ISO", nullptr, "Root.Styles.Text", "Font", 15, V::StringValue, nullptr, "b", 0, "Arial,Arial,Arial", 1},
+      {"ISO", nullptr, "Root.Styles.Text", "Size", 15, V::StringValue, "a", "b", 0, "Arial,Arial,Arial", 1},
+  };
+  for (const Row& row : rows) {
+    r.Clear();
+    std::vector<std::string> lines = StylesWithParent(row.parent);
+    lines.push_back("N Root.Styles:Empty");
+    Decoded d(name, lines);
+    if (row.customFont) {
+      ASSERT_EQ(d.Parser()->ChangeValueWithPath(std::string("Root.Styles.Text.Custom.Font:") + row.customFont), 0);
+    }
+    std::string what = std::string(row.parent) + " " + row.family + " " + row.property + " " + std::to_string(row.mask);
+    EXPECT_EQ(d.ChangeStyleValue(row.family, row.property, row.mask, row.type, row.from, row.to), row.result) << what;
+    EXPECT_EQ(Fonts(d), row.fonts) << what;
+    EXPECT_EQ(r.Count(), row.reports) << what;
+  }
+  r.Clear();
 }
 
 TEST(OutputLine, AddSkipsEmptyAndNullPartsAndEndsTheLineOnRequest) {
@@ -375,33 +327,27 @@ TEST(OutputLine, InsertOnlyWithinTheTextAndOnlyWhatIsNotEmpty) {
   EXPECT_EQ(out.str(), ">\nabcde\n") << "a line end alone is not empty";
 }
 
-TEST(UpgradeOptions, OneWordWhoseCopyCarriesTheBit) {
+TEST(UpgradeOptions, OneWordWithTheBitClear) {
   static_assert(sizeof(ZOLDrwParseStandardUpgradeOptions) == 4);
-  ZOLDrwParseStandardUpgradeOptions options;
+  ZOLDrwParseStandardUpgradeOptions options;  // default-initialised, as callers declare it
   EXPECT_EQ(options.UpdateDefaultValues, 0u);
-  options.UpdateDefaultValues = 1;
-  ZOLDrwParseStandardUpgradeOptions copy;
-  copy = options;
-  EXPECT_EQ(copy.UpdateDefaultValues, 1u);
 }
 
 TEST(UpdateVersionNode, MovesOnlyTheExpectedIntegerVersion) {
   ZOLTestReports r;
-  ZOLAnnStandardXMLParser p;
-  Build(p, {"V Root:Version:int:150"});
+  ZOLAnnStandardXMLParser p, undated, text;
+  ZOLEditLines(p, {"V Root:Version:int:150"});
+  ZOLEditLines(text, {"V Root:Version:string:150"});
   UpdateVersionNode(&p, "140", "160");
-  EXPECT_EQ(Text(&p, "Root.Version"), "150");
+  EXPECT_EQ(p.GetValueWithPath("Root.Version"), "150");
   EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
   UpdateVersionNode(&p, "150", "160");
-  EXPECT_EQ(Text(&p, "Root.Version"), "160");
+  EXPECT_EQ(p.GetValueWithPath("Root.Version"), "160");
   EXPECT_EQ(r.Count(), 1);
-  ZOLAnnStandardXMLParser undated;
   UpdateVersionNode(&undated, "100", "110");
   EXPECT_EQ(r.CountContaining("ON POINTER"), 1);
-  ZOLAnnStandardXMLParser text;
-  Build(text, {"V Root:Version:string:150"});
   UpdateVersionNode(&text, "150", "160");
-  EXPECT_EQ(Text(&text, "Root.Version"), "150");
+  EXPECT_EQ(text.GetValueWithPath("Root.Version"), "150");
   EXPECT_EQ(r.Count(), 3);
 }
 
@@ -409,8 +355,8 @@ namespace {
 
 const ZOLDrwEditOp kTestTable[] = {
     {ZOLDrwEditOp::AddValueInAllStyles, "Root.Styles.Text.*:Blanking:enum.YesNo:Yes:0"},
-    {ZOLDrwEditOp::ChangeValue, "Root.Styles.Text.Default.Font:IsoFont", 1, 12},
     {ZOLDrwEditOp::ChangeValue, "Root.Styles.Text.Default.Font:AnsiFont", 1, 3},
+    {ZOLDrwEditOp::ChangeValue, "Root.Styles.Text.Default.Font:IsoFont", 1, 12},  // last, so that running it shows
     {ZOLDrwEditOp::AddValue, "Root.Styles.Text.Last:Color:int:7", 1, 0, true},
     {ZOLDrwEditOp::AddNode, "Root:Frames"},
 };
@@ -423,23 +369,19 @@ TEST_F(EditTable, LinesRunUnderTheirParentMaskAndOptionCondition) {
   const ZOLDrwMigrationStage chain[] = {{100, 110, ZOLDrwMigrationStage::EditsTree, "TableStep", &TableStep}};
   for (bool update : {false, true}) {
     Decoded d(name, StylesWithParent("ASME"), chain, 1);
-    d.SetStartLevel(100);
-    ZOLDrwParseStandardUpgradeOptions options;
-    options.UpdateDefaultValues = update;
-    d.UpgradeVersion(-1, options);
+    d.Upgrade(100, -1, update);
     EXPECT_EQ(d.GetOutcome().stagesRun, 1);
     for (const char* s : {"Default", "Custom", "Last"})
-      EXPECT_EQ(Text(d.Parser(), (std::string("Root.Styles.Text.") + s + ".Blanking").c_str()), "Yes") << s;
-    EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Default.Font"), "AnsiFont");
-    EXPECT_EQ(Text(d.Parser(), "Root.Styles.Text.Last.Color"), update ? "7" : "");
-    ZOLRef<ZOLAnnStandardXMLNode> frames = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(d.Parser()->GetNodeWithPath("Root.Frames"));
-    EXPECT_TRUE(frames);
+      EXPECT_EQ(d.Text((std::string("Root.Styles.Text.") + s + ".Blanking").c_str()), "Yes") << s;
+    EXPECT_EQ(d.Text("Root.Styles.Text.Default.Font"), "AnsiFont");
+    EXPECT_EQ(d.Text("Root.Styles.Text.Last.Color"), update ? "7" : "");
+    EXPECT_TRUE(ZOLRef<ZOLAnnStandardXMLNode>::Adopt(d.Parser()->GetNodeWithPath("Root.Frames")));
   }
 }
 
 TEST_F(EditTable, StyleLineOnAFamilyWithoutStylesChangesNothing) {
   ZOLAnnStandardXMLParser p;
-  Build(p, {"N Root:Styles", "N Root.Styles:Text"});
+  ZOLEditLines(p, {"N Root:Styles", "N Root.Styles:Text"});
   EXPECT_EQ(AddValueInAllStyles(&p, "Root.Styles.Text", ":Blanking:string:Yes", 1), E_FAIL);
   EXPECT_EQ(AddNodeInAllStyles(&p, "Root.Styles.None", ":Sub", 0), E_FAIL);
   ZOLRef<ZOLAnnStandardXMLNode> text = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(p.GetNodeWithPath("Root.Styles.Text"));
@@ -448,32 +390,24 @@ TEST_F(EditTable, StyleLineOnAFamilyWithoutStylesChangesNothing) {
 }
 
 TEST(Encode, CurrentStandardRunsNothingAndIsSavedUnderItsNameInTheDirectory) {
-  {
-    ZOLAnnStandardXMLParser probe;
-    if (probe.DecodeXML("<std:node xmlns:std=\"http://www.qelstandardinfra.org/std\" name=\"drafting\"/>", 0) != 0)
-      GTEST_SKIP() << "the XML codec of this build reads nothing yet";
-  }
-  std::string dir = std::filesystem::temp_directory_path() / ("qelstd-encode-" + std::to_string(getpid()));
-  std::filesystem::create_directories(dir);
-  std::string input = dir + "/Company.xml";
+  qeltest::ScratchDir dir;
   {
     ZOLAnnStandardXMLParser source;
-    Build(source, {"V Root:Version:int:290", "N Root:Dimension", "V Root.Dimension:ParentStandard:string:ISO"});
-    ASSERT_EQ(source.SaveInFile(ZOLUnicodeString(input)), S_OK);
+    ZOLEditLines(source, {"V Root:Version:int:290", "N Root:Dimension", "V Root.Dimension:ParentStandard:string:ISO"});
+    ASSERT_EQ(source.SaveInFile(ZOLUnicodeString(dir / "Company.xml")), S_OK);
   }
   ZOLTestReports r;
-  ZOLUnicodeString name(input);
+  ZOLUnicodeString name(dir / "Company.xml");
   ZOLDrwParseStandard d(name);
   d.Decode();
   EXPECT_EQ(d.GetVersion(), 290);
   EXPECT_EQ(d.GetParentStandard().str(), "ISO");
   ZOLUnicodeString out;
   ZOLDrwParseStandardUpgradeOptions options;
-  d.Encode((dir + "/out").c_str(), out, options);
-  EXPECT_EQ(out.str(), dir + "/out\\Company.xml");
+  d.Encode((dir / "out").c_str(), out, options);
+  EXPECT_EQ(out.str(), dir / "out\\Company.xml");
   EXPECT_EQ(d.GetOutcome().stagesRun, 0);
   EXPECT_TRUE(d.GetOutcome().saved);
   EXPECT_TRUE(std::filesystem::exists(out.str()));
   EXPECT_EQ(r.Count(), 0);
-  std::filesystem::remove_all(dir);
 }

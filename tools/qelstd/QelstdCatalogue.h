@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "QelstdInput.h"
 #include "ZOLDftStandardServices.h"
+#include "ZOLDrwParseStandard.h"
 #include "ZOLDftStdPersistence.h"
 #include "ZOLSysLog.h"
 
@@ -24,22 +26,17 @@ inline std::string WorkingDirectory() {
 inline constexpr const char* kNoWorkingDirectory =
     "a standard name needs a working directory: set ADL_ODT_OUT (or ZOLTemp) to a writable directory";
 
-/// 1 when the argument names an existing regular file rather than a standard.
-inline bool IsFile(const std::string& nameOrFile) {
-  std::error_code ec;
-  return std::filesystem::is_regular_file(nameOrFile, ec);
-}
-
 /// The file of a standard file or name (found through the repository or the built-in texts into the
-/// working directory); false with the reason otherwise.
+/// working directory); false with the reason otherwise. An argument that exists, or holds a "/", is a
+/// file, and must be a regular file that can be read.
 inline bool ResolveStandard(const std::string& nameOrFile, std::string& path, std::string& why) {
-  if (IsFile(nameOrFile)) {
+  std::error_code ec;
+  if (std::filesystem::exists(std::filesystem::symlink_status(nameOrFile, ec)) ||
+      nameOrFile.find('/') != std::string::npos) {
+    why = WhyNotReadable(nameOrFile);
+    if (!why.empty()) return false;
     path = nameOrFile;
     return true;
-  }
-  if (nameOrFile.find('/') != std::string::npos) {
-    why = "no such file";
-    return false;
   }
   if (WorkingDirectory().empty()) {
     why = kNoWorkingDirectory;
@@ -79,10 +76,28 @@ public:
   CollectedReports(const CollectedReports&) = delete;
   CollectedReports& operator=(const CollectedReports&) = delete;
   const std::vector<std::string>& Lines() const { return _lines; }
+  void Clear() { _lines.clear(); }
 
 private:
   std::vector<std::string> _lines;
   ZOLSysLogHook _previous;
 };
+
+/// Parent text and level of a standard file, as the catalogue reads them; false with why when the
+/// file does not decode (read in part or not at all), which the catalogue itself does not tell.
+/// reports collects what the decode raises; only this decode's reports give the reason.
+inline bool ReadParentAndVersion(const std::string& path, const CollectedReports& reports, std::string& parent,
+                                 int& version, std::string& why) {
+  const size_t before = reports.Lines().size();
+  ZOLUnicodeString file(path);
+  ZOLDrwParseStandard reader(file);
+  reader.Decode();
+  parent = reader.GetParentStandard().str();
+  version = reader.GetVersion();
+  if (!reader.DecodeFailed()) return true;
+  why = "does not decode as a standard: " +
+        WhyNotDecoded(path, std::vector<std::string>(reports.Lines().begin() + before, reports.Lines().end()));
+  return false;
+}
 
 }  // namespace qelstd

@@ -3,12 +3,15 @@
 
 #include <algorithm>
 #include <charconv>
+#include <string>
 #include <string_view>
 #include <utility>
 
+#include "QelstdOutput.h"
 #include "ZOLAnnStandardXMLNode.h"
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLAnnStandardXMLValue.h"
+#include "ZOLSysLog.h"
 
 namespace qelstd {
 
@@ -23,7 +26,9 @@ const char* const kEditFileFormat =
     "  delete PATH                                 remove a node, or a value by name or text\n"
     "One blank separates the operation from the edit string, which runs to the end of the line as written.\n"
     "OCC is the occurrence of the last path step: 1 (default) by name, 0 or -1 the last sub-node, n the\n"
-    "n-th sub-node; -1 also forces a value onto that node itself. POS is 1-based; empty appends.\n";
+    "n-th sub-node; -1 also forces a value onto that node itself. POS is 1-based; empty appends.\n"
+    "An edit file may hold at most 64 MiB, and its value-all lines may reach at most 1000000 sub-nodes\n"
+    "together; a line that would reach more stops the run.\n";
 
 namespace {
 
@@ -63,7 +68,7 @@ const char* ValueKind(ZOLAnnStandardXMLValue::Type type) {
 
 }  // namespace
 
-bool ParseEditLines(const std::string& text, std::vector<EditLine>& lines, std::string& why) {
+bool ForEachEditLine(std::string_view text, const std::function<void(const EditLine&)>& take, std::string& why) {
   std::string_view rest = text;
   for (int number = 1; !rest.empty(); ++number) {
     size_t end = rest.find('\n');
@@ -77,8 +82,8 @@ bool ParseEditLines(const std::string& text, std::vector<EditLine>& lines, std::
     std::string_view word = body.substr(0, blank);
     EditLine line;
     line.number = number;
-    line.written = std::string(body);
-    line.text = blank == std::string_view::npos ? std::string() : std::string(body.substr(blank + 1));
+    line.written = body;
+    line.text = blank == std::string_view::npos ? std::string_view() : body.substr(blank + 1);
     std::string_view occurrence;
     if (size_t at = word.find('@'); at != std::string_view::npos) {
       occurrence = word.substr(at + 1);
@@ -90,7 +95,7 @@ bool ParseEditLines(const std::string& text, std::vector<EditLine>& lines, std::
       return false;
     }
     if (!occurrence.data()) {
-      lines.push_back(std::move(line));
+      take(line);
       continue;
     }
     auto [ptr, ec] = std::from_chars(occurrence.data(), occurrence.data() + occurrence.size(), line.occurrence);
@@ -99,47 +104,76 @@ bool ParseEditLines(const std::string& text, std::vector<EditLine>& lines, std::
             std::string(word);
       return false;
     }
-    lines.push_back(std::move(line));
+    take(line);
   }
   return true;
 }
 
 int ApplyEditLine(ZOLAnnStandardXMLParser& doc, const EditLine& line) {
   switch (line.op) {
-    case EditLine::Node: return doc.AddNodeWithPath(line.text, 0);
-    case EditLine::TypeVal: return doc.AddNodeWithPath(line.text, 1);
-    case EditLine::Value: return doc.AddValueWithPath(line.text, line.occurrence);
-    case EditLine::ValueAll: return doc.AddValueWithPathForAllOccurence(line.text, line.occurrence);
-    case EditLine::Change: return doc.ChangeValueWithPath(line.text);
-    case EditLine::Delete: return doc.DeleteNodeWithPath(line.text);
+    case EditLine::Node: return doc.AddNodeWithPath(ZOLUnicodeString(line.text), 0);
+    case EditLine::TypeVal: return doc.AddNodeWithPath(ZOLUnicodeString(line.text), 1);
+    case EditLine::Value: return doc.AddValueWithPath(ZOLUnicodeString(line.text), line.occurrence);
+    case EditLine::ValueAll: return doc.AddValueWithPathForAllOccurence(ZOLUnicodeString(line.text), line.occurrence);
+    case EditLine::Change: return doc.ChangeValueWithPath(ZOLUnicodeString(line.text));
+    case EditLine::Delete: return doc.DeleteNodeWithPath(ZOLUnicodeString(line.text));
   }
   return 1;
 }
 
-void PrintOutline(std::FILE* out, const ZOLAnnStandardXMLParser& doc) {
+long long ValueAllReach(const ZOLAnnStandardXMLParser& doc, const EditLine& line) {
+  if (line.op != EditLine::ValueAll || !doc.Root()) return 0;
+  std::string_view text = line.text;
+  const size_t colon = text.find(':');
+  if (colon == std::string_view::npos) return 0;
+  std::string_view path = text.substr(0, colon);
+  const size_t dot = path.find('.');
+  if (dot == std::string_view::npos || path.substr(0, dot) != "Root") return 0;
+  std::string_view rest = path.substr(dot + 1), last = rest;
+  // The parent as the operation finds it: the sum of each dot's offset in what was left at that step.
+  size_t parentLength = 0;
+  for (size_t d; (d = last.find('.')) != std::string_view::npos; last.remove_prefix(d + 1)) parentLength += d;
+  // An occurrence beyond the sub-nodes is reported by the lookup; the operation itself reports it again.
+  ZOLSysLogHook previous = ZOLSysLogSetHook([](bool, const char*) {});
+  const ZOLAnnStandardXMLNode* parent = doc.Root()->FindNodeWithPath(rest.substr(0, parentLength), line.occurrence);
+  ZOLSysLogSetHook(std::move(previous));
+  if (!parent) return 0;
+  long long reach = 0;
+  for (const ZOLAnnStandardXMLNode* node : parent->SubNodes()) reach += node->Name().str() == last;
+  return reach;
+}
+
+bool PrintOutline(std::FILE* out, const ZOLAnnStandardXMLParser& doc) {
   std::vector<std::pair<const ZOLAnnStandardXMLNode*, size_t>> stack;
   for (auto* root : {doc.TypeDefRoot(), doc.EnumRoot(), doc.Root()})
     if (root) stack.emplace_back(root, 0);
   std::reverse(stack.begin(), stack.end());
   std::string indent;
-  while (!stack.empty()) {
+  auto lead = [&indent](size_t depth) -> const std::string& {
+    indent.assign(2 * std::min(depth, kOutlineIndentLevels), ' ');
+    if (depth > kOutlineIndentLevels) indent += "[" + std::to_string(depth) + "] ";
+    return indent;
+  };
+  bool ok = true;
+  while (ok && !stack.empty()) {
     auto [node, depth] = stack.back();
     stack.pop_back();
-    indent.assign(2 * depth, ' ');
     if (node->GetNodeType() == ZOLAnnStandardXMLNode::RootNode)
-      std::fprintf(out, "%s%s\n", indent.c_str(), node->Name().ConvertToChar());
+      ok = Printf(out, "%s%s\n", lead(depth).c_str(), node->Name().ConvertToChar());
     else
-      std::fprintf(out, "%s%s \"%s\"\n", indent.c_str(), NodeKind(node->GetNodeType()), node->Name().ConvertToChar());
-    indent.append(2, ' ');
+      ok = Printf(out, "%s%s \"%s\"\n", lead(depth).c_str(), NodeKind(node->GetNodeType()), node->Name().ConvertToChar());
+    lead(depth + 1);
     for (const ZOLAnnStandardXMLValue* v : node->Values()) {
-      std::fprintf(out, "%s%s", indent.c_str(), ValueKind(v->GetType()));
-      if (v->GetRangeVal()) std::fprintf(out, " min \"%s\"", v->Name().ConvertToChar());
-      else if (!v->Name().IsEmpty()) std::fprintf(out, " \"%s\"", v->Name().ConvertToChar());
-      std::fprintf(out, " = \"%s\"\n", v->Value().ConvertToChar());
+      if (!ok) break;
+      ok = Printf(out, "%s%s", indent.c_str(), ValueKind(v->GetType()));
+      if (v->GetRangeVal()) ok = ok && Printf(out, " min \"%s\"", v->Name().ConvertToChar());
+      else if (!v->Name().IsEmpty()) ok = ok && Printf(out, " \"%s\"", v->Name().ConvertToChar());
+      ok = ok && Printf(out, " = \"%s\"\n", v->Value().ConvertToChar());
     }
     const auto& subs = node->SubNodes();
     for (auto it = subs.rbegin(); it != subs.rend(); ++it) stack.emplace_back(*it, depth + 1);
   }
+  return ok;
 }
 
 }  // namespace qelstd

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "QelstdInput.h"
 #include "QelstdVerb.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLSysLog.h"
@@ -10,23 +11,35 @@
 namespace qelstd {
 
 /// The standard object of a built-in name (ISO, JIS, ASME or ANSI-ASME) or of a standard file;
-/// null with the reason when there is none.
+/// null with the reason when there is none. Names the file being read as the subject of the verb.
 inline ZOLIDrwStandard_var OpenStandard(const std::string& nameOrFile, std::string& why) {
   std::string name = nameOrFile == "ANSI-ASME" ? "ASME" : nameOrFile;
   if (name == "ISO" || name == "JIS" || name == "ASME") {
+    ZOLUnicodeString path;
+    SetSubject(ZOLDftStandardServices::FindStandardFileInEnv(name == "ASME" ? "ANSI-ASME" : name.c_str(), path, false) == 0
+                   ? path.str()
+                   : nameOrFile);
     ZOLIDrwStandard_var s = ZOLDftStandardServices::GetOOTBStandard(name.c_str(), 0);
     if (!s) why = "the built-in standard cannot be written to the working directory (ADL_ODT_OUT or ZOLTemp)";
     return s;
   }
-  std::error_code ec;
-  if (!std::filesystem::is_regular_file(nameOrFile, ec)) {
-    why = "no built-in standard of that name (ISO, JIS, ASME) and no such file";
+  SetSubject(nameOrFile);
+  if (std::string unreadable = WhyNotReadable(nameOrFile); !unreadable.empty()) {
+    std::error_code ec;
+    const bool exists = std::filesystem::exists(std::filesystem::symlink_status(nameOrFile, ec));
+    why = exists || nameOrFile.find('/') != std::string::npos
+              ? unreadable
+              : "no built-in standard of that name (ISO, JIS, ASME) and no such file";
     return nullptr;
   }
   ZOLIDrwStandard_var s = ZOLDftStandardServices::GetStandardFromFile(nameOrFile.c_str(),
                                                                       std::filesystem::path(nameOrFile).stem().string().c_str());
-  if (s && !s->HasNode("Dimension") && !s->HasNode("Version")) {
-    why = "not a standard in the std dialect, or not well-formed";
+  if (!s) {
+    why = "cannot be read as a standard";
+    return nullptr;
+  }
+  if (!s->HasNode("Dimension") && !s->HasNode("Version")) {
+    why = "does not decode as a standard: " + WhyNotDecoded(nameOrFile, {});
     return nullptr;
   }
   return s;

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qelstd {
@@ -33,5 +34,13 @@ struct VerbRegistrar {
 inline void Error(const std::string& what, const std::string& why) {
   std::fprintf(stderr, "qelstd: %s: %s\n", what.c_str(), why.c_str());
 }
+
+/// The file or standard a verb is reading, named by an error that ends the verb (an exception of the
+/// library, or memory running out); the verb's name until a verb sets it.
+inline std::string& Subject() {
+  static std::string subject;
+  return subject;
+}
+inline void SetSubject(std::string subject) { Subject() = std::move(subject); }
 
 }  // namespace qelstd

@@ -1,8 +1,11 @@
 // qelstd builtin NAME [-o FILE]: writes one of the built-in standard texts.
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 #include <string>
 
+#include "QelstdOutput.h"
 #include "QelstdVerb.h"
 #include "ZOLDftBuiltinStandards.h"
 #include "ZOLFile.h"
@@ -21,11 +24,15 @@ int RunBuiltin(const BuiltinOptions& options) {
     return qelstd::kNotFound;
   }
   if (options.output.empty()) {
-    std::fwrite(text->str().data(), 1, text->str().size(), stdout);
-    return std::fflush(stdout) == 0 ? qelstd::kDone : qelstd::kNotFound;
+    // A failed write is told when the tool ends.
+    qelstd::Write(stdout, text->str());
+    return qelstd::kDone;
   }
+  errno = 0;
   if (ZOLWriteFileAtomically(options.output.c_str(), text->str()) != S_OK) {
-    qelstd::Error(options.output, "cannot be written");
+    const int error = errno;
+    qelstd::Error(options.output, std::string("cannot be written") + (error ? std::string(": ") + std::strerror(error) : "") +
+                                      "; nothing was written");
     return qelstd::kNotFound;
   }
   return qelstd::kDone;

@@ -1,16 +1,16 @@
 // qelstd check FILE: decodes a standard file and lists its undefined enumerated values.
-#include <nlohmann/json.hpp>
-
 #include <cstdio>
 #include <memory>
 #include <string>
-#include <sys/stat.h>
 #include <utility>
 #include <vector>
 
+#include "QelstdCatalogue.h"
+#include "QelstdInput.h"
+#include "QelstdJson.h"
+#include "QelstdOutput.h"
 #include "QelstdVerb.h"
 #include "ZOLAnnStandardXMLParser.h"
-#include "ZOLSysLog.h"
 
 namespace {
 
@@ -42,30 +42,29 @@ std::vector<std::string> EnumFaults(const ZOLAnnStandardXMLParser& doc) {
 }
 
 int RunCheck(const std::string& path, bool json) {
-  struct stat info;
-  if (::stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) {
-    qelstd::Error(path, "no such file");
+  if (std::string why = qelstd::WhyNotReadable(path); !why.empty()) {
+    qelstd::Error(path, why);
     return qelstd::kNotFound;
   }
+  qelstd::SetSubject(path);
   CheckResult r;
-  ZOLSysLogHook previous = ZOLSysLogSetHook([&r](bool, const char* line) {
-    std::string s = line;
-    while (!s.empty() && s.back() == '\n') s.pop_back();
-    r.reports.push_back(s);
-  });
+  qelstd::CollectedReports collected;
   ZOLAnnStandardXMLParser doc;
   r.decode = doc.DecodeXML(ZOLUnicodeString(path), 1);
-  if (!json) std::printf("file: %s\ndecode: %d (%s)\n", path.c_str(), r.decode, r.decode == 0 ? "decoded" : "failed");
+  if (!json) qelstd::Printf(stdout, "file: %s\ndecode: %d (%s)\n", path.c_str(), r.decode, r.decode == 0 ? "decoded" : "failed");
   if (r.decode == 0) {
     r.version = doc.GetVersion();
-    if (!json) std::printf("version: %d\n", r.version);
+    if (!json) qelstd::Printf(stdout, "version: %d\n", r.version);
     r.faults = EnumFaults(doc);
     if (!json) {
-      std::printf("enum faults: %zu\n", r.faults.size());
-      for (const auto& f : r.faults) std::printf("  %s\n", f.c_str());
+      qelstd::Printf(stdout, "enum faults: %zu\n", r.faults.size());
+      for (const auto& f : r.faults) qelstd::Printf(stdout, "  %s\n", f.c_str());
     }
   }
-  ZOLSysLogSetHook(std::move(previous));
+  for (std::string line : collected.Lines()) {
+    while (!line.empty() && line.back() == '\n') line.pop_back();
+    r.reports.push_back(std::move(line));
+  }
   bool clean = r.decode == 0 && r.faults.empty();
   if (json) {
     nlohmann::ordered_json out;
@@ -75,10 +74,11 @@ int RunCheck(const std::string& path, bool json) {
     out["enumFaults"] = r.faults;
     out["reports"] = r.reports;
     out["clean"] = clean;
-    std::printf("%s\n", out.dump(2).c_str());
+    if (r.decode != 0) out["decodeError"] = qelstd::WhyNotDecoded(path, r.reports);
+    qelstd::Printf(stdout, "%s\n", qelstd::JsonText(out, 2).c_str());
   } else {
-    for (const auto& line : r.reports) std::printf("report: %s\n", line.c_str());
-    if (r.decode != 0) qelstd::Error(path, "does not decode as a standard of the std dialect");
+    for (const auto& line : r.reports) qelstd::Printf(stdout, "report: %s\n", line.c_str());
+    if (r.decode != 0) qelstd::Error(path, "does not decode as a standard: " + qelstd::WhyNotDecoded(path, r.reports));
   }
   return clean ? qelstd::kDone : qelstd::kNotFound;
 }
@@ -88,7 +88,8 @@ void SetupCheck(CLI::App& app, int* status) {
   auto path = std::make_shared<std::string>();
   auto json = std::make_shared<bool>(false);
   verb->add_option("FILE", *path, "Standard file in the std dialect")->required();
-  verb->add_flag("--json", *json, "Print the result as one JSON object");
+  verb->add_flag("--json", *json,
+                 "Print {file, decode, version, enumFaults, reports, clean}, and decodeError when it does not decode");
   verb->footer("Prints the decode result (0 decoded, 1 failed), the data version, each enumerated value whose\n"
                "text its enumeration does not define, and the reports raised. Exit status 0 when the file\n"
                "decodes and every enumerated value is defined, 1 otherwise.\n"

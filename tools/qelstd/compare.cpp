@@ -1,10 +1,10 @@
 // qelstd compare: the three built-in standards side by side, as their objects answer.
-#include <nlohmann/json.hpp>
-
 #include <cstdio>
 #include <string>
 #include <vector>
 
+#include "QelstdJson.h"
+#include "QelstdOutput.h"
 #include "QelstdStandard.h"
 #include "QelstdVerb.h"
 
@@ -79,20 +79,20 @@ void Setup(CLI::App& app, int* status) {
       all[name] = Describe(name, s);
     }
     if (*json) {
-      std::printf("%s\n", all.dump(1).c_str());
+      qelstd::Printf(stdout, "%s\n", qelstd::JsonText(all, 1).c_str());
     } else {
-      std::printf("%-20s", "");
-      for (auto& [name, row] : all.items()) std::printf("  %-40s", name.c_str());
-      std::printf("\n");
+      qelstd::Printf(stdout, "%-20s", "");
+      for (auto& [name, row] : all.items()) qelstd::Printf(stdout, "  %-40s", name.c_str());
+      qelstd::Printf(stdout, "\n");
       for (auto& [field, unused] : all["ISO"].items()) {
         (void)unused;
-        std::printf("%-20s", field.c_str());
+        qelstd::Printf(stdout, "%-20s", field.c_str());
         for (auto& [name, row] : all.items()) {
           const auto& v = row[field];
-          std::string text = v.is_string() ? v.get<std::string>() : v.dump();
-          std::printf("  %-40s", text.c_str());
+          std::string text = v.is_string() ? v.get<std::string>() : qelstd::JsonText(v);
+          qelstd::Printf(stdout, "  %-40s", text.c_str());
         }
-        std::printf("\n");
+        qelstd::Printf(stdout, "\n");
       }
     }
     *status = qelstd::kDone;

@@ -1,10 +1,14 @@
 // qelstd get NAME|FILE PATH [--index N]: one value, read as a drafting module reads it.
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
+#include <type_traits>
 #include <vector>
 
+#include "QelstdJson.h"
+#include "QelstdOutput.h"
 #include "QelstdStandard.h"
 #include "QelstdVerb.h"
 
@@ -28,11 +32,71 @@ std::string Text(const nlohmann::ordered_json& v) {
     for (const auto& e : v) all += (all.empty() ? "" : " ") + Text(e);
     return all;
   }
-  return v.dump();
+  return qelstd::JsonText(v);
+}
+
+// The whole array or colour at a path through the getters with a capacity: the count first, then a
+// buffer of that count. False when there is no value.
+template <class T>
+bool ReadArray(ZOLIDrwStandard* s, const char* path, std::vector<T>& out) {
+  int count = 0;
+  HRESULT hr = s->GetValue(path, static_cast<T*>(nullptr), 0, &count);
+  // The count is asked again if the value grew between the calls; a cached read does not.
+  for (int tries = 0; tries < 3 && SUCCEEDED(hr) && count > 0; ++tries) {
+    out.assign(static_cast<size_t>(count), T());
+    const int capacity = count;
+    hr = s->GetValue(path, out.data(), capacity, &count);
+    if (hr == S_OK) {
+      out.resize(static_cast<size_t>(std::min(count, capacity)));
+      return !out.empty();
+    }
+  }
+  return false;
+}
+
+bool ReadArray(ZOLIDrwStandard* s, const char* path, std::vector<std::string>& out) {
+  int count = 0;
+  HRESULT hr = s->GetValue(path, static_cast<ZOLUnicodeString**>(nullptr), 0, &count);
+  for (int tries = 0; tries < 3 && SUCCEEDED(hr) && count > 0; ++tries) {
+    std::vector<ZOLUnicodeString> texts(static_cast<size_t>(count));
+    std::vector<ZOLUnicodeString*> pointers;
+    for (auto& t : texts) pointers.push_back(&t);
+    const int capacity = count;
+    hr = s->GetValue(path, pointers.data(), capacity, &count);
+    if (hr == S_OK) {
+      out.clear();
+      for (int i = 0; i < std::min(count, capacity); ++i) out.push_back(texts[static_cast<size_t>(i)].str());
+      return !out.empty();
+    }
+  }
+  return false;
+}
+
+// An array of more than one element whole; otherwise the one value as its own getter reads it,
+// which is how a drafting module reads it. kind names one or many.
+template <class T>
+bool ReadOneOrMany(ZOLIDrwStandard* s, const char* path, const char* one, const char* many, Reading& out) {
+  std::vector<T> values;
+  if (ReadArray(s, path, values) && values.size() != 1) {
+    out.kind = many;
+    out.value = values;
+    return true;
+  }
+  out.kind = one;
+  std::conditional_t<std::is_same_v<T, std::string>, ZOLUnicodeString, T> single{};
+  if (s->GetValue(path, 1, single) == S_OK) {
+    if constexpr (std::is_same_v<T, std::string>) out.value = single.str();
+    else out.value = single;
+    return true;
+  }
+  if (values.size() != 1) return false;
+  out.value = values.front();
+  return true;
 }
 
 // Reads by the type of the path's entries when the standard can tell it, else by trying the
 // getters whose type rules are strict on a leaf: integers or a colour, then a real, then a string.
+// Arrays are read whole, however many elements they have.
 bool Read(ZOLIDrwStandard* s, const std::string& path, int index, Reading& out) {
   const char* p = path.c_str();
   ZOLDftStandardValueType type = ZOLDftStandardValueTypeUnknown;
@@ -40,32 +104,11 @@ bool Read(ZOLIDrwStandard* s, const std::string& path, int index, Reading& out) 
   qelstd::QuietReports quiet;
   if (index == 1 && s->GetValueType(p, &type, &count) == S_OK && count >= 1) {
     out.type = type;
-    std::vector<int> ints(count + 3);
-    std::vector<double> reals(count + 3);
-    std::vector<ZOLUnicodeString> texts(count + 3);
-    std::vector<ZOLUnicodeString*> pointers;
-    for (auto& t : texts) pointers.push_back(&t);
     switch (type) {
-      case ZOLDftStandardValueTypeInteger:
-        out.kind = count == 1 ? "integer" : "integers";
-        if (count == 1 && s->GetValue(p, 1, ints[0]) == S_OK) return out.value = ints[0], true;
-        if (s->GetValue(p, ints.data(), &count) != S_OK) return false;
-        out.value = std::vector<int>(ints.begin(), ints.begin() + count);
-        return true;
-      case ZOLDftStandardValueTypeReal:
-        out.kind = count == 1 ? "real" : "reals";
-        if (count == 1 && s->GetValue(p, 1, reals[0]) == S_OK) return out.value = reals[0], true;
-        if (s->GetValue(p, reals.data(), &count) != S_OK) return false;
-        out.value = std::vector<double>(reals.begin(), reals.begin() + count);
-        return true;
-      case ZOLDftStandardValueTypeString:
-      case ZOLDftStandardValueTypeEnum:
-        out.kind = type == ZOLDftStandardValueTypeEnum ? "enum" : count == 1 ? "string" : "strings";
-        if (count == 1 && s->GetValue(p, 1, texts[0]) == S_OK) return out.value = texts[0].str(), true;
-        if (s->GetValue(p, pointers.data(), &count) != S_OK) return false;
-        out.value = nlohmann::ordered_json::array();
-        for (int i = 0; i < count; ++i) out.value.push_back(texts[i].str());
-        return true;
+      case ZOLDftStandardValueTypeInteger: return ReadOneOrMany<int>(s, p, "integer", "integers", out);
+      case ZOLDftStandardValueTypeReal: return ReadOneOrMany<double>(s, p, "real", "reals", out);
+      case ZOLDftStandardValueTypeString: return ReadOneOrMany<std::string>(s, p, "string", "strings", out);
+      case ZOLDftStandardValueTypeEnum: return ReadOneOrMany<std::string>(s, p, "enum", "enum", out);
       case ZOLDftStandardValueTypeTypedEntry:
         out.kind = "typed entries";
         out.value = count;
@@ -74,13 +117,12 @@ bool Read(ZOLIDrwStandard* s, const std::string& path, int index, Reading& out) 
         return false;
     }
   }
-  int ints[16] = {};
-  count = 0;
-  if (index == 1 && s->GetValue(p, ints, &count) == S_OK) {
-    out.type = count == 1 ? ZOLDftStandardValueTypeInteger : 0;
-    out.kind = count == 1 ? "integer" : "colour";
-    if (count == 1) out.value = ints[0];
-    else out.value = std::vector<int>(ints, ints + count);
+  std::vector<int> ints;
+  if (index == 1 && ReadArray(s, p, ints)) {
+    out.type = ints.size() == 1 ? ZOLDftStandardValueTypeInteger : 0;
+    out.kind = ints.size() == 1 ? "integer" : "colour";
+    if (ints.size() == 1) out.value = ints.front();
+    else out.value = ints;
     return true;
   }
   int i = 0;
@@ -117,9 +159,9 @@ void Setup(CLI::App& app, int* status) {
     if (*json) {
       nlohmann::ordered_json out = {{"standard", *standard}, {"path", *path}, {"index", *index},
                                     {"type", r.type}, {"kind", r.kind}, {"value", r.value}};
-      std::printf("%s\n", out.dump().c_str());
+      qelstd::Printf(stdout, "%s\n", qelstd::JsonText(out).c_str());
     } else {
-      std::printf("%s\ttype %d %s\n", Text(r.value).c_str(), r.type, r.kind);
+      qelstd::Printf(stdout, "%s\ttype %d %s\n", Text(r.value).c_str(), r.type, r.kind);
     }
     *status = qelstd::kDone;
   });

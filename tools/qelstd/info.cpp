@@ -1,10 +1,11 @@
 // qelstd info NAME|FILE: where a standard is, its parent, class and data level.
 #include <cstdio>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "QelstdCatalogue.h"
+#include "QelstdJson.h"
+#include "QelstdOutput.h"
 #include "QelstdVerb.h"
 #include "ZOLDftStandardServices.h"
 
@@ -18,31 +19,36 @@ int RunInfo(const std::string& nameOrFile, bool json) {
     qelstd::Error(nameOrFile, why);
     return qelstd::kNotFound;
   }
+  qelstd::SetSubject(path);
   qelstd::CollectedReports reports;
-  ZOLUnicodeString file(path), parent;
+  std::string parent;
   int version = 0;
-  ZOLDftStandardServices::GetStandardClassAndVersion(file, parent, version);
-  const int standardClass = qelstd::ClassOfParent(parent.str());
+  if (!qelstd::ReadParentAndVersion(path, reports, parent, version, why)) {
+    for (const std::string& r : reports.Lines()) std::fprintf(stderr, "report: %s", r.c_str());
+    qelstd::Error(path, why);
+    return qelstd::kNotFound;
+  }
+  const int standardClass = qelstd::ClassOfParent(parent);
   const int release = qelstd::ReleaseOfVersion(version);
   if (json) {
     nlohmann::ordered_json out;
     out["path"] = path;
-    out["parent"] = parent.str();
+    out["parent"] = parent;
     out["class"] = standardClass;
     out["className"] = kClassNames[standardClass];
     out["version"] = version;
     out["release"] = release ? nlohmann::ordered_json(release) : nlohmann::ordered_json();
     out["reports"] = reports.Lines();
-    std::printf("%s\n", out.dump(2).c_str());
+    qelstd::Printf(stdout, "%s\n", qelstd::JsonText(out, 2).c_str());
   } else {
-    std::printf("path:    %s\n", path.c_str());
-    std::printf("parent:  %s\n", parent.IsEmpty() ? "(none)" : parent.ConvertToChar());
-    std::printf("class:   %d (%s)\n", standardClass, kClassNames[standardClass]);
+    qelstd::Printf(stdout, "path:    %s\n", path.c_str());
+    qelstd::Printf(stdout, "parent:  %s\n", parent.empty() ? "(none)" : parent.c_str());
+    qelstd::Printf(stdout, "class:   %d (%s)\n", standardClass, kClassNames[standardClass]);
     if (release)
-      std::printf("version: %d (release %d)\n", version, release);
+      qelstd::Printf(stdout, "version: %d (release %d)\n", version, release);
     else
-      std::printf("version: %d (cannot be told)\n", version);
-    for (const std::string& r : reports.Lines()) std::printf("report:  %s", r.c_str());
+      qelstd::Printf(stdout, "version: %d (cannot be told)\n", version);
+    for (const std::string& r : reports.Lines()) qelstd::Printf(stdout, "report:  %s", r.c_str());
   }
   return qelstd::kDone;
 }
@@ -57,7 +63,8 @@ void SetupInfo(CLI::App& app, int* status) {
       "A name is looked up in the repository (ZOLCollectionStandard, ZOLDefaultCollectionStandard) and among\n"
       "the built-in standards (ISO, JIS, ANSI-ASME), and copied into the working directory (ADL_ODT_OUT,\n"
       "else ZOLTemp), which must be set. Class: 0 ISO, 1 JIS, 2 ASME, 3 ANSI, 4 other. A file without a\n"
-      "version node is dated by its content.\n"
+      "version node is dated by its content. A file that does not decode whole is refused with the reason\n"
+      "(exit status 1).\n"
       "\nExample:\n"
       "  $ ADL_ODT_OUT=/tmp/work qelstd info JIS\n"
       "  path:    /tmp/work/JIS.xml\n"

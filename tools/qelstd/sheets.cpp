@@ -1,10 +1,11 @@
 // qelstd sheets NAME|FILE: the sheet formats and sheet styles of a standard.
 #include <cstdio>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "QelstdCatalogue.h"
+#include "QelstdJson.h"
+#include "QelstdOutput.h"
 #include "QelstdVerb.h"
 #include "ZOLAnnStandardServices.h"
 #include "ZOLDftStandardServices.h"
@@ -41,6 +42,7 @@ int RunSheets(const std::string& nameOrFile, bool json) {
     qelstd::Error(nameOrFile, why);
     return qelstd::kNotFound;
   }
+  qelstd::SetSubject(path);
   qelstd::CollectedReports reports;
   std::unique_ptr<ZOLAnnStandardServices> services = ZOLAnnStandardServices::OpenFile(path.c_str());
   if (!services->IsSwitchable(0)) {
@@ -70,27 +72,27 @@ int RunSheets(const std::string& nameOrFile, bool json) {
     for (int i = 0; i < styleCount; ++i) out["styles"].push_back(StyleJson(styles[i]));
     out["oldStyles"] = stylesResult == 1;
     out["reports"] = reports.Lines();
-    std::printf("%s\n", out.dump(2).c_str());
+    qelstd::Printf(stdout, "%s\n", qelstd::JsonText(out, 2).c_str());
   } else {
-    std::printf("%s (version %d)\n\n", path.c_str(), version);
+    qelstd::Printf(stdout, "%s (version %d)\n\n", path.c_str(), version);
     if (FAILED(formatsResult)) {
-      std::printf("Sheet formats: none readable%s\n", version < 60 ? " (a standard before level 60 has none)" : "");
+      qelstd::Printf(stdout, "Sheet formats: none readable%s\n", version < 60 ? " (a standard before level 60 has none)" : "");
     } else {
-      std::printf("Sheet formats (%d):\n  %-20s %9s %9s  %s\n", formatCount, "NAME", "WIDTH", "HEIGHT", "ORIENTATION");
+      qelstd::Printf(stdout, "Sheet formats (%d):\n  %-20s %9s %9s  %s\n", formatCount, "NAME", "WIDTH", "HEIGHT", "ORIENTATION");
       for (int i = 0; i < formatCount; ++i)
-        std::printf("  %-20s %9g %9g  %s\n", formats[i].name.ConvertToChar(), formats[i].width, formats[i].height,
+        qelstd::Printf(stdout, "  %-20s %9g %9g  %s\n", formats[i].name.ConvertToChar(), formats[i].width, formats[i].height,
                     OrientationName(formats[i].orientation).c_str());
     }
-    std::printf("\n");
+    qelstd::Printf(stdout, "\n");
     if (FAILED(stylesResult)) {
-      std::printf("Sheet styles: none readable%s\n", version < 30 ? " (a standard before level 30 has none)" : "");
+      qelstd::Printf(stdout, "Sheet styles: none readable%s\n", version < 30 ? " (a standard before level 30 has none)" : "");
     } else {
-      std::printf("Sheet styles (%d%s):\n  %-16s %7s  %-11s  %-9s  %-11s  %-7s  %s\n", styleCount,
+      qelstd::Printf(stdout, "Sheet styles (%d%s):\n  %-16s %7s  %-11s  %-9s  %-11s  %-7s  %s\n", styleCount,
                   stylesResult == 1 ? ", scale and projection only" : "", "NAME", "SCALE", "PROJECTION", "VIEWS",
                   "ORIENTATION", "DISPLAY", "FORMAT");
       for (int i = 0; i < styleCount; ++i) {
         const ZOLDrwStdSheetStyle& s = styles[i];
-        std::printf("  %-16s %7g  %-11s  %-9s  %-11s  %-7s  %s\n", s.name.ConvertToChar(), s.scale,
+        qelstd::Printf(stdout, "  %-16s %7g  %-11s  %-9s  %-11s  %-7s  %s\n", s.name.ConvertToChar(), s.scale,
                     s.projectionMethod ? "Third angle" : "First angle",
                     Or(s.hasGenViewsPosMode, s.genViewsPosMode ? "FixedAxis" : "FixedCG"),
                     Or(s.hasOrientation, s.orientation ? "Landscape" : "Portrait"),

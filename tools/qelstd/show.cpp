@@ -1,9 +1,9 @@
 // qelstd show NAME|FILE [PREFIX]: every value a standard filed at load, under a path prefix.
-#include <nlohmann/json.hpp>
-
 #include <cstdio>
 #include <string>
 
+#include "QelstdJson.h"
+#include "QelstdOutput.h"
 #include "QelstdStandard.h"
 #include "QelstdVerb.h"
 
@@ -33,10 +33,10 @@ void Setup(CLI::App& app, int* status) {
       nlohmann::ordered_json out = nlohmann::ordered_json::array();
       for (int i = 1; i <= keys.Size(); ++i)
         out.push_back({{"key", keys[i].str()}, {"kind", kinds[i].str()}, {"value", values[i].str()}});
-      std::printf("%s\n", out.dump(1).c_str());
+      qelstd::Printf(stdout, "%s\n", qelstd::JsonText(out, 1).c_str());
     } else {
       for (int i = 1; i <= keys.Size(); ++i)
-        std::printf("%s\t%s\t%s\n", keys[i].ConvertToChar(), kinds[i].ConvertToChar(), values[i].ConvertToChar());
+        qelstd::Printf(stdout, "%s\t%s\t%s\n", keys[i].ConvertToChar(), kinds[i].ConvertToChar(), values[i].ConvertToChar());
     }
     *status = qelstd::kDone;
   });

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "QelstdCatalogue.h"
+#include "QelstdInput.h"
+#include "QelstdOutput.h"
 #include "QelstdVerb.h"
 #include "ZOLDrwParseStandard.h"
 
@@ -36,8 +38,8 @@ void PrintUnbuilt(const std::vector<ZOLDrwParseStandard::StageInfo>& plan) {
 }
 
 int RunUpgrade(const UpgradeOptions& o) {
-  if (!qelstd::IsFile(o.file)) {
-    qelstd::Error(o.file, "no such file");
+  if (std::string why = qelstd::WhyNotReadable(o.file); !why.empty()) {
+    qelstd::Error(o.file, why);
     return qelstd::kNotFound;
   }
   const int current = ZOLDrwParseStandard::GetCurrentVersion();
@@ -55,21 +57,30 @@ int RunUpgrade(const UpgradeOptions& o) {
     return qelstd::kUsage;
   }
 
+  qelstd::SetSubject(o.file);
   qelstd::CollectedReports reports;
   ZOLUnicodeString input(o.file);
   ZOLDrwParseStandard driver(input);
   driver.Decode();
+  if (driver.DecodeFailed()) {
+    // Upgrading the part that was read would write a standard that lacks the rest.
+    for (const std::string& r : reports.Lines()) std::fprintf(stderr, "report: %s", r.c_str());
+    qelstd::Error(o.file, "does not decode as a standard: " + qelstd::WhyNotDecoded(o.file, reports.Lines()) +
+                              "; no file written");
+    return qelstd::kNotFound;
+  }
   const int start = driver.GetVersion();
   const int target = o.target == -1 ? current : o.target;
-  std::printf("%s: parent %s, level %d\n", o.file.c_str(),
-              driver.GetParentStandard().IsEmpty() ? "(none)" : driver.GetParentStandard().ConvertToChar(), start);
+  qelstd::Printf(stdout, "%s: parent %s, level %d\n", o.file.c_str(),
+                 driver.GetParentStandard().IsEmpty() ? "(none)" : driver.GetParentStandard().ConvertToChar(), start);
   const auto plan = Plan(start, o.target);
   bool blocked = false;
   for (const auto& s : plan) blocked = blocked || !s.built;
   if (o.dryRun) {
     for (const auto& s : plan)
-      std::printf("  stage %2d  %3d -> %3d  %-20s %s\n", s.stage, s.from, s.to, s.step, s.built ? "built" : "not built yet");
-    if (plan.empty()) std::printf("  nothing to run up to level %d\n", target);
+      qelstd::Printf(stdout, "  stage %2d  %3d -> %3d  %-20s %s\n", s.stage, s.from, s.to, s.step,
+                     s.built ? "built" : "not built yet");
+    if (plan.empty()) qelstd::Printf(stdout, "  nothing to run up to level %d\n", target);
     return blocked ? qelstd::kNotFound : qelstd::kDone;
   }
   if (blocked) {
@@ -92,8 +103,8 @@ int RunUpgrade(const UpgradeOptions& o) {
     qelstd::Error(output.string(), "cannot be written");
     return qelstd::kNotFound;
   }
-  std::printf("%s: %d stage%s run, level %d\n", output.string().c_str(), outcome.stagesRun,
-              outcome.stagesRun == 1 ? "" : "s", outcome.levelReached);
+  qelstd::Printf(stdout, "%s: %d stage%s run, level %d\n", output.string().c_str(), outcome.stagesRun,
+                 outcome.stagesRun == 1 ? "" : "s", outcome.levelReached);
   return outcome.stoppedByGuard ? qelstd::kNotFound : qelstd::kDone;
 }
 
@@ -110,6 +121,8 @@ void SetupUpgrade(CLI::App& app, int* status) {
   verb->footer(
       "Each stage of the chain brings a standard one release further. Stages whose steps are not built\n"
       "yet stop the upgrade: nothing is written, and the stages on the way are listed (exit status 1).\n"
+      "A file that does not decode whole is not upgraded: nothing is written, and the reason is given\n"
+      "(exit status 1).\n"
       "\nExample:\n"
       "  $ qelstd upgrade old/Company.xml -o new --to 140 --dry-run\n"
       "  $ qelstd upgrade old/Company.xml -o new\n");

@@ -157,14 +157,20 @@ inline uint64_t Read4(const char* p) {
 }
 }  // namespace ZOLVotHashDetail
 
-/// A fast hash of short texts (multiply-and-fold over sixteen bytes a round); never 0, which
-/// marks an empty slot.
-inline uint64_t ZOLVotHash(std::string_view s) {
+/// The secret of this process's hashes, drawn from the system's random source at load (before
+/// any other static of the library is made): names chosen to collide under one process's hash do
+/// not collide under another's.
+extern uint64_t g_ZOLVotHashSecret;
+
+/// A fast hash of short texts (multiply-and-fold over sixteen bytes a round) under a secret;
+/// never 0, which marks an empty slot. The secret enters every multiplication, so that no input
+/// zeroes one whatever the secret.
+inline uint64_t ZOLVotHashWithSecret(std::string_view s, uint64_t secret) {
   using namespace ZOLVotHashDetail;
   constexpr uint64_t k0 = 0xa0761d6478bd642full, k1 = 0xe7037ed1a0b428dbull, k2 = 0x8ebc6af09c88c6e3ull;
   const char* p = s.data();
   const size_t n = s.size();
-  uint64_t seed = k0 ^ Mix(n ^ k0, k1);
+  uint64_t seed = k0 ^ Mix(n ^ k0 ^ secret, k1);
   uint64_t a = 0, b = 0;
   if (n <= 16) {
     if (n >= 4) {
@@ -177,13 +183,16 @@ inline uint64_t ZOLVotHash(std::string_view s) {
     }
   } else {
     size_t i = n;
-    for (; i > 16; i -= 16, p += 16) seed = Mix(Read8(p) ^ k1, Read8(p + 8) ^ seed);
+    for (; i > 16; i -= 16, p += 16) seed = Mix(Read8(p) ^ k1 ^ secret, Read8(p + 8) ^ seed);
     a = Read8(p + i - 16);
     b = Read8(p + i - 8);
   }
-  uint64_t h = Mix(k1 ^ n, Mix(a ^ k1, b ^ seed) ^ k2);
+  uint64_t h = Mix(k1 ^ n ^ secret, Mix(a ^ k1 ^ secret, b ^ seed) ^ k2);
   return h ? h : 1;
 }
+
+/// The hash of the key maps: under this process's secret.
+inline uint64_t ZOLVotHash(std::string_view s) { return ZOLVotHashWithSecret(s, g_ZOLVotHashSecret); }
 
 template <class V>
 class ZOLVotKeyMap {
@@ -248,6 +257,13 @@ public:
 
   /// Number of keys.
   size_t Size() const { return _count; }
+  /// The longest distance of a key from its home slot, for measurements.
+  size_t LongestProbe() const {
+    size_t longest = 0;
+    for (size_t i = 0; i < _slots.size(); ++i)
+      if (_slots[i].hash) longest = std::max(longest, (i - (_slots[i].hash & _mask)) & _mask);
+    return longest;
+  }
   /// Bytes of the slots (keys and their texts not included).
   size_t SlotBytes() const { return _slots.capacity() * sizeof(Slot); }
 

@@ -9,6 +9,7 @@
 #include <initializer_list>
 #include <iterator>
 
+#include "ZOLSysLog.h"
 #include "ZOLXMLSAX.h"
 #include "detail/ZOLXMLSAXLean.h"
 
@@ -17,51 +18,16 @@ namespace {
 using Kind = ZOLDftStdElement;
 using Node = ZOLVotStandardNode;
 
-// The eight bytes of s from at, as a native load of them would give.
-constexpr uint64_t Pack8(std::string_view s, size_t at) {
-  uint64_t v = 0;
-  for (size_t i = 0; i < 8; ++i) {
-    uint64_t byte = static_cast<unsigned char>(s[at + i]);
-    v |= std::endian::native == std::endian::little ? byte << (8 * i) : byte << (8 * (7 - i));
-  }
-  return v;
+// The element of a name of the dialect's namespace, by its local name; Unknown in another
+// namespace, whatever its prefix.
+Kind KindOf(std::string_view uri, std::string_view local) {
+  return uri == ZOLDftStdNamespaceURI ? ZOLDftStdElementOfLocalName(local) : Kind::Unknown;
 }
 
 uint64_t Load8(const char* p) {
   uint64_t v;
   std::memcpy(&v, p, 8);
   return v;
-}
-
-// The first and the last eight bytes of each element's qualified name (all are 8 to 12 bytes long).
-struct KindKeys {
-  uint64_t head[kZOLDftStdElementCount] = {};
-  uint64_t tail[kZOLDftStdElementCount] = {};
-  constexpr KindKeys() {
-    for (size_t k = 0; k < kZOLDftStdElementCount; ++k) {
-      const std::string_view name = ZOLDftStdElementQualifiedName(static_cast<Kind>(k));
-      head[k] = Pack8(name, 0);
-      tail[k] = Pack8(name, name.size() - 8);
-    }
-  }
-};
-constexpr KindKeys kKindKeys;
-
-// The element of a qualified name as read. Called twice per element of the general lane: picks the
-// candidate by length and one letter, then compares the whole name as two overlapping words.
-inline Kind KindOf(std::string_view tag) {
-  const size_t n = tag.size();
-  if (n < 8 || n > 12) return Kind::Unknown;
-  Kind k;
-  switch (n) {
-    case 8: k = Kind::Node; break;
-    case 10: k = tag[4] == 'i' ? Kind::IntVal : Kind::StrVal; break;
-    case 11: k = tag[4] == 't' ? (tag[8] == 'v' ? Kind::TypeVal : Kind::TypeDef) : (tag[8] == 'v' ? Kind::EnumVal : Kind::EnumDef); break;
-    case 12: k = tag[4] == 'f' ? Kind::FloatVal : Kind::ColorVal; break;
-    default: return Kind::Unknown;
-  }
-  const int i = static_cast<int>(k);
-  return Load8(tag.data()) == kKindKeys.head[i] && Load8(tag.data() + n - 8) == kKindKeys.tail[i] ? k : Kind::Unknown;
 }
 
 // Sets of kinds as bit masks, tested with one shift on every start and end tag.
@@ -135,7 +101,7 @@ public:
   explicit LeanLane(ZOLVotStandardLoader& loader) : _loader(loader) {}
 
   int StartParse(const ZOLISAXDictionary& dictionary) override {
-    _std = dictionary.Intern(ZOLDftStdNamespacePrefix);
+    _uri = dictionary.Intern(ZOLDftStdNamespaceURI);
     _name = dictionary.Intern("name");
     // Each kind's local name in the first free slot from the one its address hashes to; a name
     // the dictionary could not hold is found by its text.
@@ -158,25 +124,16 @@ public:
         break;
       }
     }
-    if (_std && element.prefix == _std) {
+    // The parser keeps namespace names in its dictionary: one address for the dialect's.
+    if (_uri && element.uri == _uri) {
       const size_t i = SlotOf(element.local);
-      if (_slots[i].local == element.local) [[likely]] {
-        _loader.OpenNode(_slots[i].kind, name, {});
-        return 0;
-      }
-      if (_slots[i].local) {
-        OpenFromSlot(i, element, name);
-        return 0;
-      }
+      if (_slots[i].local == element.local) [[likely]] return _loader.OpenNode(_slots[i].kind, name, {});
+      if (_slots[i].local) return OpenFromSlot(i, element, name);
     }
-    OpenByText(element, name);
-    return 0;
+    return OpenByText(element, name);
   }
 
-  [[gnu::always_inline]] int EndElement(const ZOLSAXName&) override {
-    _loader.CloseNode();
-    return 0;
-  }
+  [[gnu::always_inline]] int EndElement(const ZOLSAXName&) override { return _loader.CloseNode(); }
 
   [[gnu::always_inline]] int Characters(std::string_view text) override {
     _loader.GatherText(text);
@@ -192,21 +149,17 @@ private:
     Kind kind = Kind::Unknown;
   };
   // A kind that found its home slot taken, or another name: looked for in the slots that follow.
-  [[gnu::noinline, gnu::cold]] void OpenFromSlot(size_t i, const ZOLSAXName& element, std::string_view name) {
-    for (i = (i + 1) % kSlots; _slots[i].local; i = (i + 1) % kSlots) {
-      if (_slots[i].local == element.local) {
-        _loader.OpenNode(_slots[i].kind, name, {});
-        return;
-      }
-    }
-    OpenByText(element, name);
+  [[gnu::noinline, gnu::cold]] int OpenFromSlot(size_t i, const ZOLSAXName& element, std::string_view name) {
+    for (i = (i + 1) % kSlots; _slots[i].local; i = (i + 1) % kSlots)
+      if (_slots[i].local == element.local) return _loader.OpenNode(_slots[i].kind, name, {});
+    return OpenByText(element, name);
   }
   // Another name, or one the dictionary does not hold: told by its text.
-  [[gnu::noinline, gnu::cold]] void OpenByText(const ZOLSAXName& element, std::string_view name) {
+  [[gnu::noinline, gnu::cold]] int OpenByText(const ZOLSAXName& element, std::string_view name) {
     _tag.clear();
     if (element.prefix) _tag.append(element.prefix).append(1, ':');
     _tag.append(element.local);
-    _loader.OpenNode(KindOf(_tag), name, _tag);
+    return _loader.OpenNode(KindOf(element.uri ? element.uri : "", element.local), name, _tag);
   }
   // The top bits of the address times the golden ratio: where the dictionary puts names does not
   // decide which kinds share a slot.
@@ -216,7 +169,7 @@ private:
   }
 
   ZOLVotStandardLoader& _loader;
-  const char* _std = nullptr;
+  const char* _uri = nullptr;
   const char* _name = nullptr;
   Slot _slots[kSlots];
   std::string _tag;
@@ -227,6 +180,10 @@ ZOLVotStandardLoader::ZOLVotStandardLoader(ZOLVotStandardStore& store) : _store(
 ZOLVotStandardLoader::~ZOLVotStandardLoader() = default;
 
 void ZOLVotStandardLoader::Reserve(size_t textBytes) {
+  if (textBytes > kMaxTextBytes) {
+    Refuse("Refused: text larger than 2 GiB");
+    return;
+  }
   // Sized once from the text: a standard has an element per 45 bytes or so, its names and values
   // come to under a third of the text and its keys to a little over a half. Growing by doubling
   // instead would copy and touch twice the memory.
@@ -240,6 +197,7 @@ void ZOLVotStandardLoader::Reserve(size_t textBytes) {
 }
 
 HRESULT ZOLVotStandardLoader::Parse(ZOLISAXXMLReader& reader, const ZOLIXMLInputSource& source) {
+  if (_Refused) return E_FAIL;
   // Elements and text take the lean lane where the reader has one; the content handler keeps the rest.
   LeanLane lean(*this);
   ZOLSAXSetLeanContentHandler(reader, &lean);
@@ -251,17 +209,26 @@ HRESULT ZOLVotStandardLoader::Parse(ZOLISAXXMLReader& reader, const ZOLIXMLInput
   return hr;
 }
 
-void ZOLVotStandardLoader::StartElement(std::string_view tag, const ZOLISAXAttributes& attributes) {
+int ZOLVotStandardLoader::StartElement(std::string_view uri, std::string_view local, std::string_view qualified,
+                                       const ZOLISAXAttributes& attributes) {
   std::string_view name;
   attributes.GetValue("name", name);
-  OpenNode(KindOf(tag), name, tag);
+  return OpenNode(KindOf(uri, local), name, qualified);
 }
 
-void ZOLVotStandardLoader::EndElement() { CloseNode(); }
+int ZOLVotStandardLoader::EndElement() { return CloseNode(); }
 
 void ZOLVotStandardLoader::Characters(std::string_view text) { GatherText(text); }
 
-void ZOLVotStandardLoader::OpenNode(Kind kind, std::string_view name, std::string_view tag) {
+int ZOLVotStandardLoader::Refuse(const char* why) {
+  if (!_Refused) ZOLAssertMessage(why);
+  _Refused = true;
+  return 1;
+}
+
+int ZOLVotStandardLoader::OpenNode(Kind kind, std::string_view name, std::string_view tag) {
+  if (_Open.size() >= kMaxDepth || (_Open.empty() && kind != Kind::Node)) [[unlikely]]
+    return Refuse(_Open.empty() ? "Refused: root is not a dialect node" : "Refused: nests deeper than 512 levels");
   DropText();
   Node node;
   node.kind = kind;
@@ -295,6 +262,7 @@ void ZOLVotStandardLoader::OpenNode(Kind kind, std::string_view name, std::strin
     ++_PathChanges;
   }
   if (silent || _TypevalClosed) [[unlikely]] OpenEntryOrDefinition(kind, name);
+  return 0;
 }
 
 void ZOLVotStandardLoader::OpenEntryOrDefinition(Kind kind, std::string_view name) {
@@ -324,8 +292,8 @@ void ZOLVotStandardLoader::GatherText(std::string_view text) {
   _Text.len += ZOLVotStore(_store._Chars, text).len;
 }
 
-void ZOLVotStandardLoader::CloseNode() {
-  if (_Open.empty()) return;
+int ZOLVotStandardLoader::CloseNode() {
+  if (_Open.empty()) return 0;
   // The end tag names the element that its start tag named.
   const OpenElement closing = _Open.back();
   const Kind kind = closing.kind;
@@ -351,6 +319,11 @@ void ZOLVotStandardLoader::CloseNode() {
     if (_EnumdefName || _TypedefName) [[unlikely]] {
       if (_EnumdefName) _EnumdefValues.push_back(text);
     } else {
+      if (_store._Keys.size() > kFreeKeyBytes) [[unlikely]] {
+        // Both lanes hold the same names and values at this point, so they refuse at the same value.
+        const size_t read = _store._Chars.size() + 40 * _store._Nodes.size();
+        if (_store._Keys.size() > std::min(kMaxKeyBytes, 64 * read + kFreeKeyBytes)) return Refuse("Refused: keys of values too large");
+      }
       DeferValue(kind, text);
       if (!_DeferFiling) [[unlikely]] FilePending();
     }
@@ -370,6 +343,7 @@ void ZOLVotStandardLoader::CloseNode() {
     }
     ++_PathChanges;
   }
+  return 0;
 }
 
 void ZOLVotStandardLoader::CloseEntryOrDefinition(Kind kind) {

@@ -17,6 +17,19 @@ class ZOLIXMLInputSource;
 
 class ZOLVotStandardLoader {
 public:
+  // Bounds of what a load takes, far above any real standard (the built-in ones nest 8 levels and
+  // file keys of about half their text): beyond them the load stops with a report, and the store
+  // keeps what was read before. Without them a text of deep nesting or long names would cost
+  // memory and time quadratic in its size.
+  /// Elements open at once.
+  static constexpr size_t kMaxDepth = 512;
+  /// Bytes of a text.
+  static constexpr size_t kMaxTextBytes = size_t{2} << 30;
+  /// Bytes of the keys of all values: 64 MiB, and beyond that 64 times what was read (names and
+  /// values, and 40 bytes an element), at most 1 GiB.
+  static constexpr size_t kFreeKeyBytes = size_t{64} << 20;
+  static constexpr size_t kMaxKeyBytes = size_t{1} << 30;
+
   /// A load into store, which it extends: a store holds one document, so give it a new store
   /// unless a caller drives more than one document into the same object on purpose.
   explicit ZOLVotStandardLoader(ZOLVotStandardStore& store);
@@ -24,17 +37,21 @@ public:
   ZOLVotStandardLoader(const ZOLVotStandardLoader&) = delete;
   ZOLVotStandardLoader& operator=(const ZOLVotStandardLoader&) = delete;
 
-  /// Sizes the store for a text of that many bytes.
+  /// Sizes the store for a text of that many bytes; refuses a text over kMaxTextBytes.
   void Reserve(size_t textBytes);
   /// Parses the source with the reader, whose content and error handlers are set: the elements
   /// and text come to this loader through the reader's lean lane, and values are filed once the
   /// parse is over. What the parse returns.
   HRESULT Parse(ZOLISAXXMLReader& reader, const ZOLIXMLInputSource& source);
 
-  // The events of a general content handler; values are filed at their end tags.
-  void StartElement(std::string_view qualifiedName, const ZOLISAXAttributes& attributes);
-  void EndElement();
+  // The events of a general content handler; values are filed at their end tags. Results: 0 to
+  // go on, 1 once the load is refused.
+  int StartElement(std::string_view uri, std::string_view local, std::string_view qualified,
+                   const ZOLISAXAttributes& attributes);
+  int EndElement();
   void Characters(std::string_view text);
+  /// 1 once the load was refused.
+  bool Refused() const { return _Refused; }
 
 private:
   class LeanLane;
@@ -42,8 +59,11 @@ private:
 
   // The work for a start tag (tag: the qualified name, needed for elements that are none of the
   // dialect's only) and an end tag.
-  [[gnu::always_inline]] inline void OpenNode(Kind kind, std::string_view name, std::string_view tag);
-  [[gnu::always_inline]] inline void CloseNode();
+  // 0 to go on, 1 once the load is refused.
+  [[gnu::always_inline]] inline int OpenNode(Kind kind, std::string_view name, std::string_view tag);
+  [[gnu::always_inline]] inline int CloseNode();
+  // Stops the load for good, with a report of why (the first reason only); 1.
+  [[gnu::noinline, gnu::cold]] int Refuse(const char* why);
   // The rare part of that work: typed entries and definitions, and the first element after an entry.
   [[gnu::noinline, gnu::cold]] void OpenEntryOrDefinition(Kind kind, std::string_view name);
   [[gnu::noinline, gnu::cold]] void CloseEntryOrDefinition(Kind kind);
@@ -70,6 +90,7 @@ private:
   }
 
   ZOLVotStandardStore& _store;
+  bool _Refused = false;
 
   struct OpenElement {
     uint32_t node;

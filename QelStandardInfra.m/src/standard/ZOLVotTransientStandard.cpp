@@ -99,15 +99,13 @@ int ZOLVotTransientStandard::EndDocument() {
   return 0;
 }
 
-int ZOLVotTransientStandard::StartElement(std::string_view, std::string_view, std::string_view tag,
+int ZOLVotTransientStandard::StartElement(std::string_view uri, std::string_view local, std::string_view tag,
                                           const ZOLISAXAttributes& attributes) {
-  Loader().StartElement(tag, attributes);
-  return 0;
+  return Loader().StartElement(uri, local, tag, attributes);
 }
 
 int ZOLVotTransientStandard::EndElement(std::string_view, std::string_view, std::string_view) {
-  Loader().EndElement();
-  return 0;
+  return Loader().EndElement();
 }
 
 int ZOLVotTransientStandard::Characters(std::string_view text) {

@@ -61,6 +61,9 @@ public:
   virtual HRESULT Reserved28();
   virtual HRESULT GetStyleNames(const char* iType, ZOLListValZOLUnicodeString* oNames);
   virtual HRESULT GetStandardValue(ZOLIStandardValue** oValue, char** oFirst, char** oSecond);
+  virtual HRESULT GetValue(const char* iPath, int* oValues, int iCapacity, int* oCount);
+  virtual HRESULT GetValue(const char* iPath, double* oValues, int iCapacity, int* oCount);
+  virtual HRESULT GetValue(const char* iPath, ZOLUnicodeString** oValues, int iCapacity, int* oCount);
 
   // Content handler and error handler of the load.
   virtual int StartDocument() { return 0; }
@@ -117,6 +120,24 @@ private:
   template <class T, class Read>
   HRESULT GetSingle(ZOLVotKeyMap<T>& cache, ZOLDftStdElement leaf, Read read, const char* iPath, int iIndex, T& oValue);
   HRESULT Stub();
+  // What an array read finds: its elements (a filed array, or the one value) and the count that
+  // the forms without a capacity report, which differs for a colour.
+  template <class T>
+  struct ArrayRead {
+    const std::vector<T>* list = nullptr;
+    T one{};
+    size_t size = 0;
+    int reported = 0;
+    void Take(const std::vector<T>* l, int count) { list = l, size = l->size(), reported = count; }
+    void TakeOne(T v) { one = v, size = 1, reported = 1; }
+    const T& operator[](size_t i) const { return list ? (*list)[i] : one; }
+  };
+  ArrayRead<int> ReadIntArray(std::string_view path);
+  ArrayRead<double> ReadRealArray(std::string_view path);
+  ArrayRead<ZOLVotSpan> ReadStringArray(std::string_view path);
+  // Copies a read out: all of it, or at most the capacity for a sized form.
+  template <class T, class Out, class Put>
+  HRESULT CopyArray(const ArrayRead<T>& read, Out* oValues, int iCapacity, int* oCount, bool sized, Put put);
 
   ZOLUnicodeString _Name;
   ZOLUnicodeString _FilePath;

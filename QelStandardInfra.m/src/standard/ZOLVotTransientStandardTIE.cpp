@@ -55,6 +55,9 @@ public:
   HRESULT Reserved28() override { return _impl->Reserved28(); }
   HRESULT GetStyleNames(const char* t, ZOLListValZOLUnicodeString* o) override { return _impl->GetStyleNames(t, o); }
   HRESULT GetStandardValue(ZOLIStandardValue** v, char** a, char** b) override { return _impl->GetStandardValue(v, a, b); }
+  HRESULT GetValue(const char* p, int* o, int c, int* n) override { return _impl->GetValue(p, o, c, n); }
+  HRESULT GetValue(const char* p, double* o, int c, int* n) override { return _impl->GetValue(p, o, c, n); }
+  HRESULT GetValue(const char* p, ZOLUnicodeString** o, int c, int* n) override { return _impl->GetValue(p, o, c, n); }
 };
 
 class TIEZOLIDftStandardZOLVotTransientStandard : public ZOLTIEBase<ZOLIDftStandard, Impl> {

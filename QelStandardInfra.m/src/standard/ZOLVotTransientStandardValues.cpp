@@ -12,12 +12,6 @@ namespace {
 using Kind = ZOLDftStdElement;
 using Node = ZOLVotStandardNode;
 
-// Writes a string array to the caller's strings.
-void WriteStrings(const ZOLVotChars& chars, const std::vector<ZOLVotSpan>& list, ZOLUnicodeString** oValues) {
-  for (size_t i = 0; i < list.size(); ++i)
-    if (oValues[i]) oValues[i]->str().assign(ZOLVotView(chars, list[i]));
-}
-
 }  // namespace
 
 template <class T, class Read>
@@ -71,120 +65,145 @@ HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, ZOLUnic
   return S_OK;
 }
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int* oValues, int* oCount) {
-  if (!oValues) {
-    ZOLAssertPointer("");
-    return E_INVALIDARG;
-  }
-  std::string_view path = iPath ? iPath : "";
-  int count = 0;
+// ---------------------------------------------------------------------------------------------
+// Arrays. Each form resolves its value once, filing what a walk found, and then copies it out:
+// all of it for the forms that take no capacity, at most the capacity for the sized ones.
+
+ZOLVotTransientStandard::ArrayRead<int> ZOLVotTransientStandard::ReadIntArray(std::string_view path) {
+  ArrayRead<int> r;
   if (const std::vector<int>* hit = _Store._IntArrays.Find(path)) {
-    std::copy(hit->begin(), hit->end(), oValues);
-    count = static_cast<int>(hit->size());
+    r.Take(hit, static_cast<int>(hit->size()));
   } else if (const int* single = _Store._IntValues.Find(_Store.MakeKey(path, 1))) {
-    oValues[0] = *single;
-    count = 1;
+    r.TakeOne(*single);
   } else if (const Node* node = FindNode(path, 1)) {
     if (node->kind == Kind::IntVal) {
-      oValues[0] = ZOLVotStandardStore::ReadInt(Value(*node));
-      _Store._IntValues[_Store.MakeKey(path, 1)] = oValues[0];
-      count = 1;
+      const int v = ZOLVotStandardStore::ReadInt(Value(*node));
+      _Store._IntValues[_Store.MakeKey(path, 1)] = v;
+      r.TakeOne(v);
     } else if (node->kind == Kind::ColorVal) {
       std::vector<int> rgb;
       SplitColor(Value(*node), rgb);
-      std::copy(rgb.begin(), rgb.end(), oValues);
-      _Store._IntArrays[path] = std::move(rgb);
-      count = 3;
+      std::vector<int>& filed = _Store._IntArrays[path] = std::move(rgb);
+      // Kept on purpose: a colour counts 3, whatever its text holds.
+      r.Take(&filed, 3);
     } else {
       std::vector<int> list;
+      int count = 0;
       for (const Node* c = FirstChild(*node); c; c = NextSibling(*c)) {
         if (c->kind == Kind::IntVal) {
-          int v = ZOLVotStandardStore::ReadInt(Value(*c));
-          oValues[list.size()] = v;
-          list.push_back(v);
+          list.push_back(ZOLVotStandardStore::ReadInt(Value(*c)));
           count = static_cast<int>(list.size());
         } else if (c->kind == Kind::ColorVal) {
           SplitColor(Value(*c), list);
-          std::copy(list.begin(), list.end(), oValues);
           count = 3;
         }
       }
-      _Store._IntArrays[path] = std::move(list);
+      std::vector<int>& filed = _Store._IntArrays[path] = std::move(list);
+      r.Take(&filed, count);
     }
   }
-  if (oCount) *oCount = count;
-  return count == 0 ? E_FAIL : S_OK;
+  return r;
 }
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, double* oValues, int* oCount) {
-  if (!oValues) {
-    ZOLAssertPointer("");
-    return E_INVALIDARG;
-  }
-  std::string_view path = iPath ? iPath : "";
-  int count = 0;
+ZOLVotTransientStandard::ArrayRead<double> ZOLVotTransientStandard::ReadRealArray(std::string_view path) {
+  ArrayRead<double> r;
   if (const std::vector<double>* hit = _Store._DoubleArrays.Find(path)) {
-    std::copy(hit->begin(), hit->end(), oValues);
-    count = static_cast<int>(hit->size());
+    r.Take(hit, static_cast<int>(hit->size()));
   } else if (const double* single = _Store._DoubleValues.Find(_Store.MakeKey(path, 1))) {
-    oValues[0] = *single;
-    count = 1;
+    r.TakeOne(*single);
   } else if (const Node* node = FindNode(path, 1)) {
     if (node->kind == Kind::FloatVal) {
-      oValues[0] = ZOLVotStandardStore::ReadReal(Value(*node));
-      _Store._DoubleValues[_Store.MakeKey(path, 1)] = oValues[0];
-      count = 1;
+      const double v = ZOLVotStandardStore::ReadReal(Value(*node));
+      _Store._DoubleValues[_Store.MakeKey(path, 1)] = v;
+      r.TakeOne(v);
     } else {
       // Kept on purpose: each element reads the node's own text, not the child's (0.0 for a node).
       std::vector<double> list;
       for (const Node* c = FirstChild(*node); c; c = NextSibling(*c))
-        if (c->kind == Kind::FloatVal) {
-          double d = ZOLVotStandardStore::ReadReal(Value(*node));
-          oValues[list.size()] = d;
-          list.push_back(d);
-        }
-      count = static_cast<int>(list.size());
-      _Store._DoubleArrays[path] = std::move(list);
+        if (c->kind == Kind::FloatVal) list.push_back(ZOLVotStandardStore::ReadReal(Value(*node)));
+      std::vector<double>& filed = _Store._DoubleArrays[path] = std::move(list);
+      r.Take(&filed, static_cast<int>(filed.size()));
     }
   }
-  if (oCount) *oCount = count;
-  return count == 0 ? E_FAIL : S_OK;
+  return r;
 }
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, ZOLUnicodeString** oValues, int* oCount) {
-  if (!oValues) {
-    ZOLAssertPointer("");
-    return E_INVALIDARG;
-  }
-  std::string_view path = iPath ? iPath : "";
-  int count = 0;
+ZOLVotTransientStandard::ArrayRead<ZOLVotSpan> ZOLVotTransientStandard::ReadStringArray(std::string_view path) {
+  ArrayRead<ZOLVotSpan> r;
   const ZOLVotSpan* single = nullptr;
   std::string_view key;
   uint64_t h = 0;
   if (const std::vector<ZOLVotSpan>* hit = _Store._StringArrays.Find(path)) {
-    WriteStrings(_Store._Chars, *hit, oValues);
-    count = static_cast<int>(hit->size());
+    r.Take(hit, static_cast<int>(hit->size()));
   } else if ((key = _Store.MakeKey(path, 1), h = ZOLVotHash(key), single = _Store._StringValues.Find(key, h)) ||
              (single = _Store._EnumValues.Find(key, h)) || (single = _Store._EnumValues.Find(_Store.MakeParentKey(path, 1)))) {
-    if (oValues[0]) oValues[0]->str().assign(ZOLVotView(_Store._Chars, *single));
-    count = 1;
+    r.TakeOne(*single);
   } else if (const Node* node = FindNode(path, 1)) {
     if (node->kind == Kind::StrVal) {
-      if (oValues[0]) oValues[0]->str().assign(Value(*node));
       _Store._StringValues[_Store.MakeKey(path, 1)] = node->value;
-      count = 1;
+      r.TakeOne(node->value);
     } else {
       // Kept on purpose: each element is the node's own text, not the child's (empty for a node).
       std::vector<ZOLVotSpan> list;
       for (const Node* c = FirstChild(*node); c; c = NextSibling(*c))
         if (c->kind == Kind::StrVal) list.push_back(node->value);
-      WriteStrings(_Store._Chars, list, oValues);
-      count = static_cast<int>(list.size());
-      _Store._StringArrays[path] = std::move(list);
+      std::vector<ZOLVotSpan>& filed = _Store._StringArrays[path] = std::move(list);
+      r.Take(&filed, static_cast<int>(filed.size()));
     }
   }
-  if (oCount) *oCount = count;
-  return count == 0 ? E_FAIL : S_OK;
+  return r;
+}
+
+template <class T, class Out, class Put>
+HRESULT ZOLVotTransientStandard::CopyArray(const ArrayRead<T>& read, Out* oValues, int iCapacity, int* oCount,
+                                           bool sized, Put put) {
+  const size_t n = sized ? std::min(read.size, static_cast<size_t>(std::max(iCapacity, 0))) : read.size;
+  for (size_t i = 0; i < n; ++i) put(oValues[i], read[i]);
+  if (oCount) *oCount = sized ? static_cast<int>(read.size) : read.reported;
+  if (sized ? read.size == 0 : read.reported == 0) return E_FAIL;
+  return sized && read.size > static_cast<size_t>(std::max(iCapacity, 0)) ? S_FALSE : S_OK;
+}
+
+namespace {
+
+bool RefuseBuffer(const void* buffer, int capacity, bool sized) {
+  if (buffer || (sized && capacity == 0)) return false;
+  ZOLAssertPointer("");
+  return true;
+}
+
+}  // namespace
+
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int* oValues, int* oCount) {
+  if (RefuseBuffer(oValues, 0, false)) return E_INVALIDARG;
+  return CopyArray(ReadIntArray(iPath ? iPath : ""), oValues, 0, oCount, false, [](int& o, int v) { o = v; });
+}
+
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, double* oValues, int* oCount) {
+  if (RefuseBuffer(oValues, 0, false)) return E_INVALIDARG;
+  return CopyArray(ReadRealArray(iPath ? iPath : ""), oValues, 0, oCount, false, [](double& o, double v) { o = v; });
+}
+
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, ZOLUnicodeString** oValues, int* oCount) {
+  if (RefuseBuffer(oValues, 0, false)) return E_INVALIDARG;
+  return CopyArray(ReadStringArray(iPath ? iPath : ""), oValues, 0, oCount, false,
+                   [&](ZOLUnicodeString*& o, ZOLVotSpan v) { if (o) o->str().assign(_Store.Text(v)); });
+}
+
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int* oValues, int iCapacity, int* oCount) {
+  if (iCapacity < 0 || RefuseBuffer(oValues, iCapacity, true)) return E_INVALIDARG;
+  return CopyArray(ReadIntArray(iPath ? iPath : ""), oValues, iCapacity, oCount, true, [](int& o, int v) { o = v; });
+}
+
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, double* oValues, int iCapacity, int* oCount) {
+  if (iCapacity < 0 || RefuseBuffer(oValues, iCapacity, true)) return E_INVALIDARG;
+  return CopyArray(ReadRealArray(iPath ? iPath : ""), oValues, iCapacity, oCount, true, [](double& o, double v) { o = v; });
+}
+
+HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, ZOLUnicodeString** oValues, int iCapacity, int* oCount) {
+  if (iCapacity < 0 || RefuseBuffer(oValues, iCapacity, true)) return E_INVALIDARG;
+  return CopyArray(ReadStringArray(iPath ? iPath : ""), oValues, iCapacity, oCount, true,
+                   [&](ZOLUnicodeString*& o, ZOLVotSpan v) { if (o) o->str().assign(_Store.Text(v)); });
 }
 
 HRESULT ZOLVotTransientStandard::GetValueType(const char* iPath, ZOLDftStandardValueType* oType, int* oCount) {
@@ -195,12 +214,14 @@ HRESULT ZOLVotTransientStandard::GetValueType(const char* iPath, ZOLDftStandardV
   if (oCount) *oCount = 0;
   const Node* node = FindNode(iPath ? iPath : "", 1);
   if (!node) return E_FAIL;
+  // Children are alike when they are the same element of the dialect, or both elements of
+  // another namespace with the same name as read.
   const Node* first = FirstChild(*node);
-  std::string_view reference = first ? Type(*first) : std::string_view();
+  auto alike = [&](const Node& c) { return c.kind == first->kind && (c.kind != Kind::Unknown || Type(c) == Type(*first)); };
   int count = 0, children = 0;
   for (const Node* c = first; c; c = NextSibling(*c)) {
     ++children;
-    if (Type(*c) == reference) ++count;
+    if (alike(*c)) ++count;
     else ZOLAssertBool("");
   }
   if (count != children) {
@@ -208,11 +229,14 @@ HRESULT ZOLVotTransientStandard::GetValueType(const char* iPath, ZOLDftStandardV
     return E_UNEXPECTED;
   }
   ZOLDftStandardValueType type = ZOLDftStandardValueTypeUnknown;
-  if (reference == "std:intval") type = ZOLDftStandardValueTypeInteger;
-  else if (reference == "std:floatval") type = ZOLDftStandardValueTypeReal;
-  else if (reference == "std:strval") type = ZOLDftStandardValueTypeString;
-  else if (reference == "std:enumval") type = ZOLDftStandardValueTypeEnum;
-  else if (reference == "std:typeval") type = ZOLDftStandardValueTypeTypedEntry;
+  switch (first ? first->kind : Kind::Unknown) {
+    case Kind::IntVal: type = ZOLDftStandardValueTypeInteger; break;
+    case Kind::FloatVal: type = ZOLDftStandardValueTypeReal; break;
+    case Kind::StrVal: type = ZOLDftStandardValueTypeString; break;
+    case Kind::EnumVal: type = ZOLDftStandardValueTypeEnum; break;
+    case Kind::TypeVal: type = ZOLDftStandardValueTypeTypedEntry; break;
+    default: break;
+  }
   *oType = type;
   if (type == ZOLDftStandardValueTypeUnknown) {
     ZOLAssertBool("Unknown standard value type!");

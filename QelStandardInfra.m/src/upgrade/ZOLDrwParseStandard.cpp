@@ -57,8 +57,9 @@ void ZOLDrwParseStandard::Decode() {
     return;
   }
   _Parser = new ZOLAnnStandardXMLParser();
-  // A file that does not decode still counts as decoded: its empty tree tells level and parent.
-  DecodeTree(*_Parser);
+  // A file that does not decode still counts as decoded: its empty tree tells level and parent, which
+  // the catalogue reads. Only the writers refuse it.
+  _DecodeFailed = DecodeTree(*_Parser) != 0;
   _Decoded = 1;
   _Version = _Parser->GetVersion();
   _ParentStandard = "ISO";
@@ -104,7 +105,7 @@ ZOLDrwParseParameter* ZOLDrwParseStandard::GetParameter(const ZOLUnicodeString& 
 void ZOLDrwParseStandard::Encode(const char* directory, ZOLString& outputPath,
                                  ZOLDrwParseStandardUpgradeOptions& options) {
   outputPath = "";
-  CreateOutput(directory, outputPath);
+  if (!_DecodeFailed) CreateOutput(directory, outputPath);
   EncodeToVersion(-1, options, outputPath.ConvertToChar());
 }
 
@@ -126,6 +127,14 @@ void ZOLDrwParseStandard::CreateOutput(const char* directory, ZOLString& outputP
 void ZOLDrwParseStandard::EncodeToVersion(int target, ZOLDrwParseStandardUpgradeOptions& options,
                                           const char* outputPath) {
   if (!_Decoded) return;
+  if (_DecodeFailed) {
+    // A tree read in part would be saved as if it were the whole standard.
+    _Outcome = Outcome();
+    _Outcome.levelReached = _Version;
+    _Outcome.decodeFailed = true;
+    ZOLAssertMessage("File did not decode; nothing written");
+    return;
+  }
   UpgradeVersion(target, options);
   if (!_Parser) {
     ZOLAssertPointer("");

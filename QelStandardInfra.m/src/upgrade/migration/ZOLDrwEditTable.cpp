@@ -19,13 +19,15 @@ bool SplitStyleEdit(std::string_view edit, std::string& stylePath, std::string& 
 }  // namespace
 
 void ZOLDrwRunEditTable(ZOLDrwMigrationContext& context, std::span<const ZOLDrwEditOp> table) {
-  ZOLAnnStandardXMLParser* parser = context.Parser();
+  ZOLDrwRunEditTable(context.Parser(), ZOLDrwParentBit(context.Parent()), context.UpdateDefaultValues(), table);
+}
+
+void ZOLDrwRunEditTable(ZOLAnnStandardXMLParser* parser, int parent, bool updateDefaults,
+                        std::span<const ZOLDrwEditOp> table) {
   if (!parser) {
     ZOLAssertPointer("");
     return;
   }
-  const int parent = context.ParentFlag();
-  const bool updateDefaults = context.UpdateDefaultValues();
   std::string stylePath, suffix;
   for (const ZOLDrwEditOp& op : table) {
     if (op.needsUpdateDefaults && !updateDefaults) continue;

@@ -37,6 +37,11 @@ HRESULT ForAllStyles(ZOLAnnStandardXMLParser* parser, const char* stylePath, con
 
 int ZOLDrwMigrationContext::ParentFlag() const { return ZOLDftParentFlag(ZOLDftParentOf(_driver._ParentStandard)); }
 
+int ZOLDrwParentBit(const ZOLUnicodeString& parent) {
+  const int flag = ZOLDftParentFlag(ZOLDftParentOf(parent));
+  return flag ? flag : kZOLDrwOtherParent;
+}
+
 void UpdateVersionNode(ZOLAnnStandardXMLParser* parser, const char* oldText, const char* newText) {
   if (!parser || !oldText || !newText) {
     ZOLAssertPointer("");

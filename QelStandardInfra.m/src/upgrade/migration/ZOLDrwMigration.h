@@ -69,14 +69,24 @@ struct ZOLDrwEditOp {
   Kind kind;
   const char* edit;
   int occurrence = 1;
-  // 0: every parent; otherwise the line runs for the parents of the mask (ANSI 1, ASME 2, ISO 4, JIS 8).
+  // 0: every parent; otherwise the line runs for the parents of the mask (ANSI 1, ASME 2, ISO 4, JIS 8,
+  // and kZOLDrwOtherParent for a text that names none of them).
   int parentMask = 0;
   // The line runs only when the options ask for the new delivered defaults.
   bool needsUpdateDefaults = false;
 };
 
+// The bit of a parent text that names none of the four: the "else" of a step's if-chain reaches it,
+// a line for one named parent does not.
+inline constexpr int kZOLDrwOtherParent = 16;
+// The bit of a parent text for the masks of edit lines: its flag, or kZOLDrwOtherParent.
+int ZOLDrwParentBit(const ZOLUnicodeString& parent);
+
 // Runs the lines in order; their results are not looked at, as in every step.
 void ZOLDrwRunEditTable(ZOLDrwMigrationContext& context, std::span<const ZOLDrwEditOp> table);
+// The same for a builder that has a parser and a parent but no driver.
+void ZOLDrwRunEditTable(ZOLAnnStandardXMLParser* parser, int parentBit, bool updateDefaults,
+                        std::span<const ZOLDrwEditOp> table);
 
 // Sets the integer of "Root.Version" from oldText to newText; any other state is reported and left alone.
 void UpdateVersionNode(ZOLAnnStandardXMLParser* parser, const char* oldText, const char* newText);

@@ -1,6 +1,7 @@
 // The chain of upgrade stages, oldest first. A stage runs when the start level is at most its
 // From level and the target is the current level or at least its To level.
 #include "upgrade/migration/ZOLDrwMigration.h"
+#include "upgrade/migration/ZOLDrwStyleBuilders.h"
 
 namespace {
 
@@ -9,16 +10,16 @@ using S = ZOLDrwMigrationStage;
 // A null step is not built yet; its entry waits for the step of that release.
 constexpr ZOLDrwMigrationStage kStages[] = {
     {0, 1, S::BuildsTreeFromFlatText, "EncodeFlatText", nullptr},
-    {1, 2, S::EditsTree, "Upgrade9To10", nullptr},
-    {2, 30, S::EditsTree, "Upgrade10To11", nullptr},
-    {30, 40, S::EditsTree, "Upgrade11To12", nullptr},
-    {40, 50, S::EditsTree, "Upgrade12To13", nullptr},
-    {50, 60, S::EditsTree, "Upgrade13To14", nullptr},
-    {60, 70, S::EditsTree, "Migrate14To15", nullptr},
-    {70, 80, S::EditsTree, "Migrate15To16n201", nullptr},
-    {80, 90, S::EditsTree, "Migrate16To17n1X", nullptr},
-    {90, 100, S::EditsTree, "Migrate17To18n1X1", nullptr},
-    {100, 110, S::EditsTree, "Migrate18To20n208", nullptr},
+    {1, 2, S::EditsTree, "Upgrade9To10", &Upgrade9To10},
+    {2, 30, S::EditsTree, "Upgrade10To11", &Upgrade10To11},
+    {30, 40, S::EditsTree, "Upgrade11To12", &Upgrade11To12},
+    {40, 50, S::EditsTree, "Upgrade12To13", &Upgrade12To13},
+    {50, 60, S::EditsTree, "Upgrade13To14", &Upgrade13To14},
+    {60, 70, S::EditsTree, "Migrate14To15", &Migrate14To15},
+    {70, 80, S::EditsTree, "Migrate15To16n201", &Migrate15To16n201},
+    {80, 90, S::EditsTree, "Migrate16To17n1X", &Migrate16To17n1X},
+    {90, 100, S::EditsTree, "Migrate17To18n1X1", &Migrate17To18n1X1},
+    {100, 110, S::EditsTree, "Migrate18To20n208", &Migrate18To20n208},
     {110, 120, S::EditsTree, "Migrate20To21n209", nullptr},
     {120, 130, S::EditsTree, "Migrate209To21n210", nullptr},
     {130, 140, S::EditsTree, "Migrate210To21n211", nullptr},

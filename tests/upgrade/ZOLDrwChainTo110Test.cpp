@@ -1,0 +1,233 @@
+// A release 9 standard through the whole chain to level 110, for each parent: telling values of
+// every step at once, a saved text that does not change from run to run, a parent that the releases
+// did not know, the style builders that later releases call, and the upgrade as a user runs it.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "QelstdRun.h"
+#include "ZOLChainTestSupport.h"
+#include "ZOLReportCountTest.h"
+#include "ZOLScratch.h"
+#include "upgrade/migration/ZOLDrwStyleBuilders.h"
+
+namespace {
+
+using qeltest::Expect;
+using qeltest::kAbsent;
+
+constexpr int ANSI = 1, ASME = 2, ISO = 4, JIS = 8, AA = 3, IJ = 12;
+
+class Chain : public ZOLReportCountTest {};
+
+// A tree of a parent at level 110, without the new delivered defaults.
+struct At110 {
+  explicit At110(const char* parent) : driver(qeltest::Release9Lines(parent)) { driver.Upgrade(1, 110, false); }
+  qeltest::ChainDriver driver;
+};
+
+}  // namespace
+
+TEST_F(Chain, Release9StandardReachesLevel110WithEveryStepsMark) {
+  const Expect rows[] = {
+      {"version", nullptr, "110"},
+      {"Root>", nullptr,
+       "Styles,General,DressUp,Dimension,Annotation,ToleranceFormats,ValueFormats,View,Frames,LineThickness,Patterns,"
+       "LineTypes,SheetFormat,ViewsSet,EngineeringSymbols,Version"},
+      // stage 2
+      {"Root.Frames.FrameDef{3}@Name", nullptr, "Circle"},
+      {"Root.Annotation.Text.LeaderGap", nullptr, "2.0", AA},
+      // stage 3, with what stage 2 and stage 3 do to the offset
+      {"Root.Dimension.CUMLTxtDecalY", nullptr, "5", ISO},
+      {"Root.Dimension.CUMLTxtDecalY", nullptr, "0.5", JIS},
+      {"Root.Dimension.CUMLTxtDecalY", nullptr, "0", AA},
+      {"Root.Styles.DistanceLengthDimension.Default.Value.OffsetY", nullptr, "0.5", JIS},
+      {"Root.LineTypes.LineType9.Pattern", nullptr, "70"},
+      // stage 4
+      {"Root.Styles.RoughnessSymbol.Default.Values.SpecificationLine", nullptr, "Yes"},
+      {"Root.Dimension.CurvilinearLengthSymbol.STDDimLengthArcSymbol", nullptr, "3.048", AA},
+      {"Root.Styles.DatumFeature.Default.Leader.Symbol", nullptr, "Automatic"},
+      // stage 5
+      {"Root.General.DefaultTextFont", nullptr, kAbsent},
+      {"Root.Styles.CoordinateDimension.Default.Leader.Symbol", nullptr, "None", ANSI},
+      // stage 6
+      {"Root.Styles.Sheet{1}>", nullptr, "A0 ISO,A1 ISO,A2 ISO,A3 ISO,A4 ISO,B4 ISO,B5 ISO,C5 ISO", ISO},
+      {"Root.Styles.Sheet.J US Standard.Format", nullptr, "J U.S.Standard", AA},
+      {"Root.Dimension.CUMLDimLinTail", nullptr, kAbsent},
+      // release 15
+      {"Root.Styles.CoordinateDimension.Default.Leader.Symbol", nullptr, "Automatic", IJ},
+      {"Root.Styles.CoordinateDimension.Default.Leader.Symbol", nullptr, "WhiteFilledSquare", ASME},
+      {"Root.LineTypes.LineType16.Segment#", nullptr, "2"},
+      // release 16
+      {"Root.Styles.DimensionsSystem.Default.AlignCumulated~", nullptr, "DimSysAlign"},
+      // release 17
+      {"Root.EngineeringSymbols.EngineeringSymbol{20}@Font", nullptr, "SYM2.font", IJ},
+      {"Root.EngineeringSymbols.EngineeringSymbol{20}@Font", nullptr, "SYM1.font", AA},
+      {"Root.DressUp.Symbols.DoubleFilledArrow.Angle", nullptr, "30", IJ},
+      // release 18
+      {"Root.Styles.WeldingSymbol.Default.Text.Blanking", nullptr, "AreaFill"},
+      {"Root.Styles.BomStyle.Default.Properties.BomProperties{5}@Index", nullptr, "5"},
+      // release 20
+      {"Root.Styles.SectionCallout.Default.Arrows.Position", nullptr, "0", AA},
+      {"Root.Styles.ProjectionCallout.Default.Type", nullptr, "Lines, corners and arrows"},
+  };
+  for (const qeltest::Parent& parent : qeltest::kParents) {
+    std::string first;
+    for (int run = 0; run < 2; ++run) {
+      At110 std(parent.name);
+      ASSERT_EQ(std.driver.GetOutcome().stagesRun, 10) << parent.name;
+      const std::string text = std.driver.Saved();
+      if (run == 0) first = text;
+      EXPECT_EQ(text, first) << parent.name << ": a second run saves other bytes";
+    }
+    EXPECT_EQ(r.Count(), 0) << parent.name << ": " << (r.Count() ? r.Lines()[0] : "");
+    ZOLAnnStandardXMLParser decoded;
+    ASSERT_EQ(decoded.DecodeXML(first, 0), 0) << parent.name;
+    EXPECT_EQ(decoded.Check(), 1) << parent.name << ": every enumerated value is defined";
+    for (const Expect& row : rows) {
+      if (!row.parents || (row.parents & parent.bit)) {
+        EXPECT_EQ(qeltest::Probe(decoded, row.probe), row.after) << parent.name << ": " << row.probe;
+      }
+    }
+    const std::string font = decoded.GetValueWithPath("Root.LineTypes.font").str();
+    EXPECT_EQ(font.rfind("60  60\n", 0), 0u) << parent.name;
+    size_t glyphs = 0;
+    for (size_t at = font.find("\n$ "); at != std::string::npos; at = font.find("\n$ ", at + 1)) ++glyphs;
+    EXPECT_EQ(glyphs, 82u) << parent.name;
+    for (const char* line : {"\n$ 0020  ;\n", "\n$ 0040      60  0  ;\n",
+                             "\n/ CONTINUOUS + DASH UNDERNEATH\n$ 0044  000 030  048 000  128 000  -32 -16  016 000  ;\n",
+                             "\n/\n/                     DOT FAMILY\n/\n$ 00C4  000 030  016 000  128 000  016 000  000 000  ;\n",
+                             "\n/                     CONTINUOUS FAMILY\n/\n/                     ***********************\n/\n"})
+      EXPECT_NE(font.find(line), std::string::npos) << parent.name << ": " << line;
+    EXPECT_TRUE(font.ends_with("***********************\n/\n")) << parent.name;
+    EXPECT_EQ(font.find("$ 00D5"), std::string::npos) << parent.name << ": LineType17's glyph was never delivered";
+  }
+}
+
+// A parent text that none of the releases knew takes every "else" branch and no line of a named
+// parent: no offset, no sheet format or style, and one fatal line at release 13.
+TEST_F(Chain, UnknownParentTakesTheElseBranchesAndGetsNoSheetFormats) {
+  qeltest::ChainDriver d(qeltest::Release9Lines("DIN"));
+  d.Upgrade(1, 110, true);
+  EXPECT_EQ(d.GetOutcome().stagesRun, 10);
+  EXPECT_EQ(r.CountContaining(">>> FATAL ERROR in ZOLDrwParseStandard::UpgradeVersion - Bad parent standard type."), 1);
+  const Expect rows[] = {
+      {"Root.Styles.DistanceLengthDimension.Default.Value.OffsetY", nullptr, kAbsent},
+      {"Root.Styles.DistanceLengthDimension.Default.Value.OrientationReference", nullptr, "Dimension line"},
+      {"Root.Styles.Sheet/", nullptr, "0"},
+      {"Root.SheetFormat/", nullptr, "0"},
+      {"Root.Annotation.Text.LeaderGap", nullptr, "0.0"},
+      {"Root.Dimension.CUMLTxtDecalY", nullptr, "1.5"},
+      {"Root.DressUp.Thread.ThreadRepresentation", nullptr, "Circle"},
+      {"Root.Dimension.CurvilinearLengthSymbol.STDDimOffsetArcSymbol", nullptr, "1.0"},
+      {"Root.Styles.DatumTarget.Default.Leader.Symbol", nullptr, "WhiteFilledSquare"},
+      {"Root.Styles.DatumFeature.Default.Leader.Symbol", nullptr, "WhiteFilledSquare"},
+      {"Root.EngineeringSymbols.EngineeringSymbol{2}@Font", nullptr, "SYM1.font"},
+      {"Root.Styles.ProjectionCallout.Default.Arrows.Thickness", nullptr, "4"},
+      {"Root.Styles.ProjectionCallout.Default.Type", nullptr, "Lines, corners and arrows"},
+  };
+  for (const Expect& row : rows) EXPECT_EQ(qeltest::Probe(d.Tree(), row.probe), row.after) << row.probe;
+  // The option's first change asks for the parent's flag: reported once, and nothing changes.
+  EXPECT_EQ(r.CountContaining("Unknown parent standard!!"), 1);
+  reports = 2;
+}
+
+// The clones of later releases: TED and BasicDimension behind Default, and the curvilinear family
+// behind the distance family, each on a standard of level 110.
+TEST_F(Chain, StyleBuildersCloneDefaultAndTheDistanceFamilyByParent) {
+  struct Row {
+    const char* probe;
+    const char* after;
+    int parents;
+  };
+  const Row rows[] = {
+      {"Root.Styles.DistanceLengthDimension>", "Default,TED,BasicDimension", 0},
+      {"Root.Styles.DistanceLengthDimension.TED.Value.OffsetY", "4.0", ISO},
+      {"Root.Styles.DistanceLengthDimension.TED.Value.OffsetY", "2.5", JIS},
+      {"Root.Styles.DistanceLengthDimension.TED.Value.OffsetY", "0.0", AA},
+      {"Root.Styles.DistanceLengthDimension.TED.Framing.FramedGroup", "Both values separately", 0},
+      {"Root.Styles.DistanceLengthDimension.Default.Framing.Frame", "None", 0},
+      {"Root.Styles.DistanceLengthDimension.BasicDimension.Framing.Frame", "Rectangle", 0},
+      {"Root.Styles.DistanceLengthDimension.BasicDimension.Framing.FramedGroup", "Main value", 0},
+      {"Root.Styles.CurvilinearLengthDimension^", "6", 0},
+      {"Root.Styles.DistanceLengthDimension^", "5", 0},
+      {"Root.Styles.CurvilinearLengthDimension.TED.AssociatedTexts.MainValue.Prefix", "<LINEPROFILE>", IJ},
+      {"Root.Styles.CurvilinearLengthDimension.BasicDimension.AssociatedTexts.MainValue.Prefix", "", IJ},
+      {"Root.Styles.CurvilinearLengthDimension.Default.AssociatedTexts.MainValue.Prefix", "", AA},
+      {"Root.Styles.DistanceLengthDimension.TED.AssociatedTexts.MainValue.Prefix", "", 0},
+      {"Root.Dimension.CurvilinearLengthSymbol.STDDimDisplayArcSymbol", "1", IJ},
+      {"Root.Dimension.CurvilinearLengthSymbol.STDDimDisplayArcSymbol", "2", AA},
+      {"Root.Styles.Text.Default.WitnessLine>", "Color,Linetype,Thickness", 0},
+      {"Root.Styles.Text.Default.WitnessLine.Linetype", "3", 0},
+  };
+  for (const qeltest::Parent& parent : qeltest::kParents) {
+    At110 std(parent.name);
+    ZOLAnnStandardXMLParser* p = &std.driver.Tree();
+    AddTedStyle(p, parent.name, "DistanceLengthDimension");
+    AddBasicDimensionStyle(p, "DistanceLengthDimension");
+    AddCurvilinearLengthDimension(p, parent.name);
+    AddWitnessLine(p, "Text");
+    AddTedStyle(p, parent.name, "NoSuchFamily");
+    AddWitnessLine(p, "NoSuchFamily");
+    for (const Row& row : rows) {
+      if (!row.parents || (row.parents & parent.bit)) {
+        EXPECT_EQ(qeltest::Probe(*p, row.probe), row.after) << parent.name << ": " << row.probe;
+      }
+    }
+  }
+  EXPECT_EQ(r.Count(), 0);
+  ZOLAnnStandardXMLParser empty;
+  AddCurvilinearLengthDimension(&empty, "ISO");
+  EXPECT_EQ(r.CountContaining("ON POINTER"), 1) << "no Styles to clone into";
+  reports = 1;
+}
+
+// Colours pack red, green, blue and an opaque alpha; a green or blue beyond a byte is reported and
+// stored as the code of an invalid argument. Red is not looked at.
+TEST_F(Chain, ColoringPacksTheColourOrStoresTheInvalidArgumentCode) {
+  At110 std("ISO");
+  ZOLAnnStandardXMLParser* p = &std.driver.Tree();
+  AddColoring(p, 12, "orange", 255, 128, 0);
+  AddColoring(p, 13, "bad", 0, 256, 0);
+  AddColoring(p, 14, "wide red", 256, 0, 0);
+  EXPECT_EQ(qeltest::Probe(*p, "Root.Patterns.coloring.colorings{12}%"), "Name,Position,color");
+  EXPECT_EQ(qeltest::Probe(*p, "Root.Patterns.coloring.colorings{12}@color"), "4286578943");
+  EXPECT_EQ(qeltest::Probe(*p, "Root.Patterns.coloring.colorings{12}@Position"), "12");
+  EXPECT_EQ(qeltest::Probe(*p, "Root.Patterns.coloring.colorings{13}@color"), "2147942487");
+  EXPECT_EQ(qeltest::Probe(*p, "Root.Patterns.coloring.colorings{14}@color"), "255");
+  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
+  reports = 1;
+}
+
+TEST_F(Chain, BomStyleWithoutPropertiesIsReportedAndKeepsItsDefault) {
+  At110 std("JIS");
+  AddBomStyle(&std.driver.Tree(), "EmptyBom", nullptr, 0);
+  AddBomStyle(&std.driver.Tree(), nullptr, nullptr, 0);
+  EXPECT_EQ(qeltest::Probe(std.driver.Tree(), "Root.Styles.EmptyBom.Default.Properties/"), "0");
+  EXPECT_EQ(qeltest::Probe(std.driver.Tree(), "Root.Styles.EmptyBom.Default.Type"), "Summarized");
+  EXPECT_EQ(r.Count(), 2);
+  reports = 2;
+}
+
+// The command line writes the upgraded file once every stage on the way is built, and lists them.
+TEST(ChainCommandLine, UpgradesARelease9FileTo110AndListsTheStages) {
+  QELSTD_REQUIRE_BINARY();
+  qeltest::ScratchDir dir;
+  {
+    ZOLAnnStandardXMLParser source;
+    ZOLEditLines(source, qeltest::Release9Lines("ASME"));
+    ASSERT_EQ(source.SaveInFile(ZOLUnicodeString(dir / "Company.xml")), S_OK);
+  }
+  QelstdRun plan = RunQelstd("upgrade '" + (dir / "Company.xml") + "' -o '" + (dir / "out") + "' --to 110 --dry-run");
+  EXPECT_EQ(plan.status, 0) << plan.out;
+  EXPECT_NE(plan.out.find("parent ASME, level 1"), std::string::npos) << plan.out;
+  EXPECT_NE(plan.out.find("Migrate18To20n208"), std::string::npos) << plan.out;
+  EXPECT_EQ(plan.out.find("not built"), std::string::npos) << plan.out;
+  QelstdRun run = RunQelstd("upgrade '" + (dir / "Company.xml") + "' -o '" + (dir / "out") + "' --to 110 2>&1");
+  EXPECT_EQ(run.status, 0) << run.out;
+  ZOLAnnStandardXMLParser upgraded;
+  ASSERT_EQ(upgraded.DecodeXML(ZOLUnicodeString(dir / "out/Company.xml"), 1), 0) << run.out;
+  EXPECT_EQ(upgraded.GetVersion(), 110);
+  EXPECT_EQ(qeltest::Probe(upgraded, "Root.Styles.CoordinateDimension.Default.Leader.Symbol"), "WhiteFilledSquare");
+}
