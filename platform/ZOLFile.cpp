@@ -77,7 +77,10 @@ bool FollowLinks(std::string& path) {
     ssize_t n;
     while ((n = ::readlink(path.c_str(), target.data(), target.size())) >= static_cast<ssize_t>(target.size()))
       target.resize(target.size() * 2);
-    if (n < 0) return false;
+    if (n <= 0) {
+      if (n == 0) errno = ENOENT;
+      return false;
+    }
     target.resize(static_cast<size_t>(n));
     path = target.front() == '/' ? target : DirectoryOf(path) + "/" + target;
   }
