@@ -18,13 +18,18 @@ public:
   ZOLAnnStandardXMLParser& operator=(const ZOLAnnStandardXMLParser& other);
   virtual ~ZOLAnnStandardXMLParser();
 
-  /// Adds a node, "path:name[:position]"; 0 done, 1 place not found, 2 position not a number.
+  /// Result of an edit whose name, type or value text a standard file cannot hold and give back:
+  /// invalid UTF-8, a control character other than tab, line feed and carriage return (NUL among
+  /// them), or more than 1,000,000,000 bytes. The tree is left as it was.
+  static constexpr int EditNotRepresentable = 3;
+
+  /// Adds a node, "path:name[:position]"; 0 done, 1 place not found, 2 position not a number, 3 EditNotRepresentable.
   int AddNodeWithPath(ZOLUnicodeString editString, int isTypeVal);
-  /// Adds a value, "path:name:type:value[:position]"; 0 done, 1 place not found, 2 position not a number.
+  /// Adds a value, "path:name:type:value[:position]"; 0 done, 1 place not found, 2 position not a number, 3 EditNotRepresentable.
   int AddValueWithPath(ZOLUnicodeString editString, int occurrence);
-  /// Adds a value to every sub-node of the last path component's name; 0, 1 or 2 as above.
+  /// Adds a value to every sub-node of the last path component's name; 0, 1, 2 or 3 as above.
   int AddValueWithPathForAllOccurence(ZOLUnicodeString editString, int occurrence);
-  /// Changes a value, "path:text"; 0 done, 1 not found.
+  /// Changes a value, "path:text"; 0 done, 1 not found, 3 EditNotRepresentable.
   int ChangeValueWithPath(ZOLUnicodeString editString);
   /// Removes a node or value at a path; 0 done, 1 not found.
   int DeleteNodeWithPath(ZOLUnicodeString path);
@@ -38,7 +43,8 @@ public:
   int Check();
   /// Decodes a file (isFile not 0) or a text into the roots; 0 success, 1 failure.
   int DecodeXML(ZOLUnicodeString source, int isFile);
-  /// Saves the document to a file; the codec's result, E_UNEXPECTED without a codec.
+  /// Saves the document to a file; the codec's result (the DOM codec's E_FAIL, the old file left as it
+  /// was, for a name or text that the file could not give back), E_UNEXPECTED without a codec.
   HRESULT SaveInFile(ZOLUnicodeString path);
   /// Saves the document into text; a failure is reported.
   void SaveInString(ZOLUnicodeString& text);

@@ -22,6 +22,11 @@ int ZOLCloseDirectory(ZOLDirectory* dir);
 
 /// Reads a whole file; S_OK, or E_FAIL when it cannot be opened or read.
 HRESULT ZOLReadFile(const char* path, std::string& bytes);
-/// Writes a whole file through a temporary name in the same directory and a rename, so that
-/// readers never see half a file and a failure leaves the old file as it was; S_OK or E_FAIL.
+/// Writes a whole file through a temporary file beside it, flushed to disk, and a rename, so that
+/// readers never see half a file and neither a failure nor a crash leaves less than the old file or
+/// the new one. A symbolic link is written through: its target gets the bytes and the link stays.
+/// The file keeps the permissions of the file it replaces; a new one gets 0666 less the umask. The
+/// umask is never changed. S_OK; E_FAIL with errno set when the bytes could not be put in place
+/// (the old file is then as it was) or the directory could not be flushed after the rename (the new
+/// file is then in place but might not survive a crash).
 HRESULT ZOLWriteFileAtomically(const char* path, std::string_view bytes);

@@ -2,8 +2,10 @@
 //
 // Safety: every parse of the platform reads its input itself (text or file, in chunks) and refuses
 // any further load through the entity loader while it runs, so neither a DTD nor an external
-// entity is ever fetched, whatever the options. Entities are not substituted: a reference stays a
-// node of its own. Network access is off as well.
+// entity is ever fetched, whatever the options. A document that declares an entity is stopped at
+// the declaration, before anything could refer to it, and one that refers to an undeclared entity
+// is refused as well: libxml2's amplification guard covers only its own expansion, not a walker's
+// that reads an attribute's reference nodes. Network access is off as well.
 #include "ZOLXMLDOM.h"
 
 #include <libxml/parser.h>
@@ -88,7 +90,51 @@ bool IsTrue(const ZOLUnicodeString& value, bool& out) {
   return false;
 }
 
+// The first character of text that XML cannot carry; null when there is none.
+const char* CharacterFault(std::string_view text) {
+  static constexpr const char* kEncoding = "invalid UTF-8";
+  static constexpr const char* kCharacter = "a character that XML cannot hold";
+  const auto* p = reinterpret_cast<const unsigned char*>(text.data());
+  const auto* end = p + text.size();
+  while (p < end) {
+    unsigned c = *p;
+    if (c >= 0x20 && c < 0x80) {
+      ++p;
+      continue;
+    }
+    if (c < 0x20) {
+      if (c != '\t' && c != '\n' && c != '\r') return kCharacter;
+      ++p;
+      continue;
+    }
+    int more;
+    unsigned code, least;
+    if ((c & 0xE0) == 0xC0) { more = 1; code = c & 0x1F; least = 0x80; }
+    else if ((c & 0xF0) == 0xE0) { more = 2; code = c & 0x0F; least = 0x800; }
+    else if ((c & 0xF8) == 0xF0) { more = 3; code = c & 0x07; least = 0x10000; }
+    else return kEncoding;
+    if (end - p <= more) return kEncoding;
+    for (int i = 1; i <= more; ++i) {
+      if ((p[i] & 0xC0) != 0x80) return kEncoding;
+      code = (code << 6) | (p[i] & 0x3F);
+    }
+    // Overlong forms and surrogates are no UTF-8; U+FFFE and U+FFFF are no XML characters.
+    if (code < least || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return kEncoding;
+    if (code == 0xFFFE || code == 0xFFFF) return kCharacter;
+    p += more + 1;
+  }
+  return nullptr;
+}
+
 }  // namespace
+
+const char* ZOLXMLTextFault(std::string_view text) {
+  return text.size() > ZOLXMLMaxTextLength ? "longer than a reader takes back" : CharacterFault(text);
+}
+
+std::string ZOLXMLEntityDeclaredMessage(std::string_view name) {
+  return "entity \"" + std::string(name) + "\" declared: documents that declare entities are refused";
+}
 
 void ZOLXMLInitialize() {
   static std::once_flag once;
@@ -192,14 +238,14 @@ HRESULT ZOLIDOMElement::GetAttributeNS(std::string_view uri, std::string_view lo
   value.clear();
   const xmlAttr* a = FindAttribute(X(_node), uri, localName);
   if (!a) return S_FALSE;
-  // An attribute's value is nearly always one text node; read it without an allocation of libxml2's.
+  // Predefined entities and character references arrive decoded in the text nodes. A reference
+  // node is never expanded: its entity's text may itself be huge, or refer on to others.
   for (const xmlNode* c = a->children; c; c = c->next) {
     if (c->type == XML_TEXT_NODE) {
       value.append(View(c->content));
     } else if (c->type == XML_ENTITY_REF_NODE) {
-      xmlChar* s = xmlNodeGetContent(c);
-      value.append(View(s));
-      xmlFree(s);
+      value.clear();
+      return E_FAIL;
     }
   }
   return S_OK;
@@ -211,11 +257,11 @@ bool ZOLIDOMElement::HasAttributeNS(std::string_view uri, std::string_view local
 
 HRESULT ZOLIDOMElement::SetAttribute(std::string_view qualifiedName, std::string_view value) {
   if (!_node) return E_FAIL;
-  if (qualifiedName.empty()) return E_INVALIDARG;
+  if (qualifiedName.empty() || ZOLXMLTextFault(value)) return E_INVALIDARG;
   std::string v = Z(value);
   if (qualifiedName == "xmlns" || qualifiedName.substr(0, 6) == "xmlns:") {
     std::string prefix = qualifiedName.size() > 6 ? Z(qualifiedName.substr(6)) : std::string();
-    if (qualifiedName.size() == 6) return E_INVALIDARG;
+    if (qualifiedName.size() == 6 || (!prefix.empty() && xmlValidateNCName(X(prefix), 0) != 0)) return E_INVALIDARG;
     for (xmlNs* ns = X(_node)->nsDef; ns; ns = ns->next) {
       if (View(ns->prefix) != prefix) continue;
       if (View(ns->href) != value) {
@@ -227,6 +273,7 @@ HRESULT ZOLIDOMElement::SetAttribute(std::string_view qualifiedName, std::string
     return xmlNewNs(X(_node), X(v), prefix.empty() ? nullptr : X(prefix)) ? S_OK : E_FAIL;
   }
   std::string name = Z(qualifiedName);
+  if (xmlValidateQName(X(name), 0) != 0) return E_INVALIDARG;
   return xmlSetProp(X(_node), X(name), X(v)) ? S_OK : E_FAIL;
 }
 
@@ -290,7 +337,9 @@ HRESULT ZOLIDOMDocument::CreateElementNS(std::string_view uri, std::string_view 
   size_t colon = qualifiedName.find(':');
   std::string prefix = colon == std::string_view::npos ? std::string() : Z(qualifiedName.substr(0, colon));
   std::string local = Z(colon == std::string_view::npos ? qualifiedName : qualifiedName.substr(colon + 1));
-  if (local.empty() || (colon != std::string_view::npos && prefix.empty()) || (uri.empty() && !prefix.empty()))
+  if (local.empty() || (colon != std::string_view::npos && prefix.empty()) || (uri.empty() && !prefix.empty()) ||
+      xmlValidateNCName(X(local), 0) != 0 || (!prefix.empty() && xmlValidateNCName(X(prefix), 0) != 0) ||
+      ZOLXMLTextFault(uri))
     return E_INVALIDARG;
   xmlNode* node = xmlNewDocNode(doc, nullptr, X(local), nullptr);
   if (!node) return E_FAIL;
@@ -314,6 +363,8 @@ HRESULT ZOLIDOMDocument::CreateElementNS(std::string_view uri, std::string_view 
 
 HRESULT ZOLIDOMDocument::CreateTextNode(std::string_view text, ZOLIDOMNode& node) {
   if (!_holder) return E_FAIL;
+  // Refused here, so that no document of the platform holds text that its readers would refuse.
+  if (ZOLXMLTextFault(text)) return E_INVALIDARG;
   xmlNode* t = xmlNewDocTextLen(_holder->doc, reinterpret_cast<const xmlChar*>(text.data()), static_cast<int>(text.size()));
   if (!t) return E_FAIL;
   _holder->created.push_back(t);
@@ -488,10 +539,30 @@ private:
     return true;
   }
 
+  // Stops the parse for good, with the reason as the last error.
+  void Refuse(xmlParserCtxtPtr ctxt, const std::string& message) {
+    if (!_refused) _lastError = _readingId + ":" + std::to_string(ctxt->input ? ctxt->input->line : 0) + ": " + message;
+    _refused = true;
+    xmlStopParser(ctxt);
+  }
+
+  static void OnEntityDecl(void* data, const xmlChar* name, int, const xmlChar*, const xmlChar*, xmlChar*) {
+    auto* ctxt = static_cast<xmlParserCtxtPtr>(data);
+    static_cast<Builder*>(ctxt->_private)->Refuse(ctxt, ZOLXMLEntityDeclaredMessage(View(name)));
+  }
+
+  static void OnUnparsedEntityDecl(void* data, const xmlChar* name, const xmlChar*, const xmlChar*, const xmlChar*) {
+    OnEntityDecl(data, name, 0, nullptr, nullptr, nullptr);
+  }
+
   static void OnError(void* data, xmlErrorPtr error) {
     auto* ctxt = static_cast<xmlParserCtxtPtr>(data);
     auto* self = ctxt ? static_cast<Builder*>(ctxt->_private) : nullptr;
-    if (!self || !error || !self->_lastError.empty()) return;
+    if (!self || !error) return;
+    // With an external DTD named but never loaded, libxml2 lets an undeclared reference pass as a
+    // mere error and keeps it as a node; a reference is refused like a declaration.
+    if (error->code == XML_WAR_UNDECLARED_ENTITY || error->code == XML_ERR_UNDECLARED_ENTITY) self->_refused = true;
+    if (!self->_lastError.empty()) return;
     // With namespaces off a namespace error is no reason to refuse the document.
     if (error->domain == XML_FROM_NAMESPACE && !self->_reading.namespaces) return;
     if (error->level == XML_ERR_WARNING) return;
@@ -509,15 +580,23 @@ private:
       return E_FAIL;
     }
     _reading = options;
+    _readingId = systemId;
+    _refused = false;
     ctxt->_private = this;
     ctxt->sax->serror = OnError;
-    int flags = XML_PARSE_NONET | (options.validate ? XML_PARSE_DTDVALID : 0);
+    ctxt->sax->entityDecl = OnEntityDecl;
+    ctxt->sax->unparsedEntityDecl = OnUnparsedEntityDecl;
+    // HUGE lifts the 10 MB bounds on a text and on a start tag (which several long attributes in a
+    // row can pass together) that the writer cannot keep to; entities being refused, it opens
+    // nothing else.
+    int flags = XML_PARSE_NONET | XML_PARSE_HUGE | (options.validate ? XML_PARSE_DTDVALID : 0);
     xmlDoc* doc = nullptr;
     {
       ParseScope scope;
       doc = xmlCtxtReadIO(ctxt, read, nullptr, input, systemId.empty() ? nullptr : systemId.c_str(), nullptr, flags);
     }
-    bool ok = doc && ctxt->wellFormed && (!options.namespaces || ctxt->nsWellFormed) && (!options.validate || ctxt->valid);
+    bool ok = doc && !_refused && ctxt->wellFormed && (!options.namespaces || ctxt->nsWellFormed) &&
+              (!options.validate || ctxt->valid);
     xmlFreeParserCtxt(ctxt);
     if (!ok) {
       if (doc) xmlFreeDoc(doc);
@@ -531,6 +610,8 @@ private:
 
   std::string _lastError;
   ReadOptions _reading;
+  std::string _readingId;
+  bool _refused = false;
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 // while a document handle of their tree lives, and hold nothing themselves. Names, URIs and texts
 // come back as UTF-8 views into the tree, valid while the tree lives and the node is unchanged.
 #pragma once
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -81,12 +82,14 @@ public:
   explicit ZOLIDOMElement(const ZOLIDOMNode& node);
 
   /// The value of an attribute by namespace URI and local name, an empty URI standing for an
-  /// attribute without namespace; S_OK when present, S_FALSE (value emptied) when absent, E_FAIL on null.
+  /// attribute without namespace; S_OK when present, S_FALSE (value emptied) when absent, E_FAIL on
+  /// null and (value emptied) when the value holds an entity reference, which is never expanded.
   HRESULT GetAttributeNS(std::string_view uri, std::string_view localName, std::string& value) const;
   /// 1 when the attribute (same rule as GetAttributeNS) is present.
   bool HasAttributeNS(std::string_view uri, std::string_view localName) const;
   /// Sets an attribute without namespace by its name, or declares a namespace when the name is
-  /// "xmlns" or "xmlns:prefix"; S_OK, E_INVALIDARG for an empty name, E_FAIL on null.
+  /// "xmlns" or "xmlns:prefix"; S_OK, E_INVALIDARG for a name that is no XML name or a value that
+  /// ZOLXMLTextFault refuses, E_FAIL on null.
   HRESULT SetAttribute(std::string_view qualifiedName, std::string_view value);
 };
 
@@ -124,9 +127,10 @@ public:
   /// The document element (null when there is none); E_FAIL on null.
   HRESULT GetDocumentElement(ZOLIDOMElement& element) const;
   /// A new element without parent (freed with the document if never appended); the prefix of a qualified name is bound to uri, reusing a
-  /// declaration of the document element when there is one; S_OK, E_INVALIDARG, E_FAIL on null.
+  /// declaration of the document element when there is one; S_OK, E_INVALIDARG (a name that is no XML name among them), E_FAIL on null.
   HRESULT CreateElementNS(std::string_view uri, std::string_view qualifiedName, ZOLIDOMElement& element);
-  /// A new text node without parent (freed with the document if never appended); S_OK or E_FAIL.
+  /// A new text node without parent (freed with the document if never appended); S_OK, E_INVALIDARG
+  /// for text that ZOLXMLTextFault refuses, E_FAIL.
   HRESULT CreateTextNode(std::string_view text, ZOLIDOMNode& node);
   /// Makes an element the document element; E_INVALIDARG when there is one already or it is no element.
   HRESULT AppendChild(const ZOLIDOMNode& child);
@@ -152,8 +156,9 @@ inline constexpr std::string_view ZOLDOMOptionEnableNameSpaces = "ZOLEnableNameS
 /// Writer option: "true" (default) indents elements that hold no text; "false" writes the tree as it is.
 inline constexpr std::string_view ZOLDOMOptionPrettyPrint = "ZOLFormatPrettyPrint";
 
-/// Reads and writes documents over libxml2 with network access, DTD loading and external
-/// entities off. Options come as two parallel lists of names and values ("true" or "false").
+/// Reads and writes documents over libxml2 with network access and DTD loading off. A document that
+/// declares an entity, or refers to one that is neither predefined nor a character reference, is
+/// refused. Options come as two parallel lists of names and values ("true" or "false").
 class ZOLIXMLDOMDocumentBuilder {
 public:
   virtual ~ZOLIXMLDOMDocumentBuilder() = default;
@@ -177,6 +182,18 @@ public:
   /// The first problem of the last failed call ("system id:line: message"), empty after a success.
   virtual const std::string& GetLastError() const = 0;
 };
+
+/// The longest text or attribute value, in bytes once decoded, that the readers take back. Both
+/// read with libxml2's "huge" option, so that values beyond its default bound of 10 MB read back;
+/// what that option would otherwise open to, entity amplification, the readers refuse whole.
+inline constexpr size_t ZOLXMLMaxTextLength = 1000000000;
+/// Why text cannot be written as character data or as an attribute value and read back ("invalid
+/// UTF-8", a character XML 1.0 cannot hold, such as NUL or another control character than tab,
+/// line feed and carriage return, or a length over ZOLXMLMaxTextLength); null when it can.
+const char* ZOLXMLTextFault(std::string_view text);
+/// The message of both readers, the DOM builder and the SAX reader, for a document that declares
+/// an entity: entities are refused whole, declared ones before any of them could be expanded.
+std::string ZOLXMLEntityDeclaredMessage(std::string_view name);
 
 /// A document builder; S_OK or E_FAIL.
 HRESULT CreateZOLIXMLDOMDocumentBuilder(std::unique_ptr<ZOLIXMLDOMDocumentBuilder>& builder);

@@ -1,9 +1,9 @@
 // SAX2 reader over libxml2's push parser.
 //
-// Safety: no network, no DTD loading, and no entity declarations are honoured at all (the DTD
-// callbacks are left out), so only the predefined entities and character references expand;
-// any other entity reference is an undeclared-entity error. That rules out external entities and
-// expansion bombs alike, whatever the size of the input.
+// Safety: no network and no DTD loading. A document that declares an entity is refused at the
+// declaration, as the DOM builder refuses it, and any reference to an undeclared entity is fatal,
+// so only the predefined entities and character references expand. That rules out external
+// entities and expansion bombs alike, whatever the size of the input.
 #include "ZOLXMLSAX.h"
 #include "detail/ZOLXMLSAXLean.h"
 
@@ -229,6 +229,8 @@ private:
   void StartPrefixes(int count, const xmlChar** namespaces) override;
   void EndPrefixes() override;
   static void OnProcessingInstruction(void* ctx, const xmlChar* target, const xmlChar* data);
+  static void OnEntityDecl(void* ctx, const xmlChar* name, int, const xmlChar*, const xmlChar*, xmlChar*);
+  static void OnUnparsedEntityDecl(void* ctx, const xmlChar* name, const xmlChar*, const xmlChar*, const xmlChar*);
   static void OnError(void* ctx, xmlErrorPtr error);
 
   ZOLISAXContentHandler* _content = nullptr;
@@ -317,11 +319,26 @@ void Reader::OnProcessingInstruction(void* ctx, const xmlChar* target, const xml
   if (r->_content) r->Call([&] { return r->_content->ProcessingInstruction(View(target), View(data)); });
 }
 
+void Reader::OnEntityDecl(void* ctx, const xmlChar* name, int, const xmlChar*, const xmlChar*, xmlChar*) {
+  Reader* r = Self(ctx);
+  if (r->stopped) return;
+  r->Fatal(ZOLXMLEntityDeclaredMessage(View(name)), r->_ctxt->input ? r->_ctxt->input->line : 0,
+           r->_ctxt->input ? r->_ctxt->input->col : 0);
+  r->Stop();
+}
+
+void Reader::OnUnparsedEntityDecl(void* ctx, const xmlChar* name, const xmlChar*, const xmlChar*, const xmlChar*) {
+  OnEntityDecl(ctx, name, 0, nullptr, nullptr, nullptr);
+}
+
 void Reader::OnError(void* ctx, xmlErrorPtr error) {
   Reader* r = Self(ctx);
   if (!error || r->stopped) return;
-  // A namespace-aware reader treats a namespace error (an undeclared prefix) as a well-formedness one.
-  bool fatal = error->level == XML_ERR_FATAL || (error->level == XML_ERR_ERROR && error->domain == XML_FROM_NAMESPACE);
+  // A namespace-aware reader treats a namespace error (an undeclared prefix) as a well-formedness
+  // one, and so a reference to an undeclared entity, which libxml2 passes when an external DTD is
+  // named (and never loaded).
+  bool fatal = error->level == XML_ERR_FATAL || (error->level == XML_ERR_ERROR && error->domain == XML_FROM_NAMESPACE) ||
+               error->code == XML_WAR_UNDECLARED_ENTITY;
   if (fatal) r->_fatal = true;
   if (!r->_errors) return;
   ZOLSAXParseError e;
@@ -391,6 +408,8 @@ HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
   // DTD none are.
   sax.ignorableWhitespace = sax.characters;
   sax.processingInstruction = OnProcessingInstruction;
+  sax.entityDecl = OnEntityDecl;
+  sax.unparsedEntityDecl = OnUnparsedEntityDecl;
   sax.serror = OnError;
 
   const char* systemId = source.GetSystemId().empty() ? nullptr : source.GetSystemId().c_str();
@@ -400,9 +419,10 @@ HRESULT Reader::Parse(const ZOLIXMLInputSource& source) {
     Fatal("out of memory");
     return Finish(false);
   }
-  // NOENT makes libxml2 hand decoded attribute values to SAX; with no declarations honoured it can
-  // expand nothing but the predefined entities.
-  xmlCtxtUseOptions(_ctxt, XML_PARSE_NONET | XML_PARSE_NOENT);
+  // NOENT makes libxml2 hand decoded attribute values to SAX; with declarations refused it can
+  // expand nothing but the predefined entities. HUGE: the bounds of the DOM builder, whose files
+  // both read.
+  xmlCtxtUseOptions(_ctxt, XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_HUGE);
   _names.Reset(_ctxt->dict);
   _lastAttribute = AttributeMemo();
   _lastAttribute.dict = _ctxt->dict;

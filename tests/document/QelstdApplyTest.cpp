@@ -58,3 +58,23 @@ TEST_F(QelstdApply, MissingFileIsNotFound) {
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "qelstd: /nonexistent/x.edits: No such file or directory\n");
 }
+
+TEST_F(QelstdApply, WhatItSavesChecksClean) {
+  // A control character in a value is refused by its line (3); the rest is saved and checks clean.
+  const std::string out = dir / "saved.xml";
+  qeltest::WriteText(path, "node Root:A\nvalue Root.A:Bell:string:ring\x07ring\nvalue Root.A:Plain:string:ring\n");
+  QelstdRun run = RunQelstd("apply -o " + out + " " + path + " 2>&1");
+  EXPECT_EQ(run.status, 1) << run.out;
+  EXPECT_NE(run.out.find("2: 3  value Root.A:Bell:string:ring\x07ring\n"), std::string::npos) << run.out;
+  EXPECT_NE(run.out.find("saved: " + out), std::string::npos) << run.out;
+  QelstdRun check = RunQelstd("check " + out + " 2>&1");
+  EXPECT_EQ(check.status, 0) << check.out;
+
+  // A record at the top would not read back: nothing is saved and the old file stays.
+  qeltest::WriteText(out, "old");
+  qeltest::WriteText(path, "typeval Root:R\nvalue Root.R:F:int:1\n");
+  run = RunQelstd("apply -o " + out + " " + path + " 2>&1");
+  EXPECT_EQ(run.status, 1) << run.out;
+  EXPECT_NE(run.out.find("cannot be saved; nothing was written"), std::string::npos) << run.out;
+  EXPECT_EQ(qeltest::ReadText(out), "old");
+}

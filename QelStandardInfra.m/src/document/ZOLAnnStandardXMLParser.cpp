@@ -3,6 +3,7 @@
 // is copied only into the values and nodes that are made.
 #include "ZOLAnnStandardXMLParser.h"
 
+#include <initializer_list>
 #include <new>
 #include <string>
 #include <string_view>
@@ -14,8 +15,19 @@
 #include "ZOLDftStdPersistence.h"
 #include "ZOLQelInstCount.h"
 #include "ZOLSysLog.h"
+#include "ZOLXMLDOM.h"
 
 namespace {
+
+// Refused here rather than at the save: a tree that cannot be saved is found out by the edit that
+// broke it, not by a later save that fails whole. As to length, values beyond libxml2's usual
+// 10 MB are written and read back (the readers take them with its "huge" option); only what is
+// over the platform's bound of 1 GB is refused.
+bool Representable(std::initializer_list<std::string_view> texts) {
+  for (std::string_view text : texts)
+    if (ZOLXMLTextFault(text)) return false;
+  return true;
+}
 
 constexpr const char* kInstCountName = "ZOLAnnStandardXMLParser";
 
@@ -198,6 +210,7 @@ int ZOLAnnStandardXMLParser::AddNodeWithPath(ZOLUnicodeString editString, int is
                                                          : ZOLAnnStandardXMLNode::PlainNode;
   int index = -1;
   if (!ReadPosition(f.position, index)) return 2;
+  if (!Representable({f.field[1]})) return EditNotRepresentable;
   auto node = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new (std::nothrow) ZOLAnnStandardXMLNode(type, ZOLUnicodeString(f.field[1])));
   if (!node) return 1;
   parent->AddNode(node.get(), index);
@@ -215,6 +228,8 @@ int ZOLAnnStandardXMLParser::AddValueWithPath(ZOLUnicodeString editString, int o
   ValueKind kind = ReadType(f.field[2]);
   int index = -1;
   if (!ReadPosition(f.position, index)) return 2;
+  // The type field holds the side text that becomes a value's name.
+  if (!Representable({f.field[1], f.field[2], f.field[3]})) return EditNotRepresentable;
   bool parameterForm = target->GetNodeType() != ZOLAnnStandardXMLNode::TypeValNode && occurrence != -1 && word == "Root";
   return PlaceValue(target, f, kind, index, parameterForm);
 }
@@ -234,10 +249,13 @@ int ZOLAnnStandardXMLParser::AddValueWithPathForAllOccurence(ZOLUnicodeString ed
   if (!parent) return 1;
   int index = -1;
   bool positionRead = ReadPosition(f.position, index);
+  bool representable = Representable({f.field[1], f.field[2], f.field[3]});
   int result = 1;
   bool parameterForm = true;
   for (ZOLAnnStandardXMLNode* node : parent->SubNodes()) {
     if (node->Name().str() != last) continue;
+    // Found out at the first namesake, before anything was added.
+    if (!representable) return EditNotRepresentable;
     ValueKind kind = ReadType(f.field[2]);
     if (node->GetNodeType() == ZOLAnnStandardXMLNode::TypeValNode || occurrence == -1) parameterForm = false;
     result = positionRead ? PlaceValue(node, f, kind, index, parameterForm) : 2;
@@ -253,16 +271,19 @@ int ZOLAnnStandardXMLParser::ChangeValueWithPath(ZOLUnicodeString editString) {
   bool hasDot = false;
   ZOLAnnStandardXMLNode* start = StartNode(StartWord(all.substr(0, colon), rest, hasDot));
   if (!start) return 1;
+  std::string_view text = all.substr(colon + 1);
   ZOLAnnStandardXMLNode* node = rest.empty() ? start : start->FindNodeWithPath(rest, 1);
   if (node) {
+    if (!Representable({text})) return EditNotRepresentable;
     // Also 0 where ChangeValue refused (and reported).
-    node->ChangeValue(ZOLUnicodeString(all.substr(colon + 1)));
+    node->ChangeValue(ZOLUnicodeString(text));
     return 0;
   }
   // The last component may name a value by its old text.
   ZOLAnnStandardXMLValue* value = start->FindValueWithPath(rest);
   if (!value) return 1;
-  value->SetValue(ZOLUnicodeString(all.substr(colon + 1)));
+  if (!Representable({text})) return EditNotRepresentable;
+  value->SetValue(ZOLUnicodeString(text));
   return 0;
 }
 

@@ -150,6 +150,75 @@ std::string Place(const ZOLIDOMElement_var& element) {
   return place;
 }
 
+// Where a node of the tree stands, for the rules of what the decoder takes back.
+enum class Where { EnumRoot, TypeDefRoot, Root, Node };
+
+bool IsDialectNode(ZOLAnnStandardXMLNode::Type type) {
+  return type == ZOLAnnStandardXMLNode::PlainNode || type == ZOLAnnStandardXMLNode::TypeDefNode ||
+         type == ZOLAnnStandardXMLNode::EnumDefNode || type == ZOLAnnStandardXMLNode::TypeValNode;
+}
+
+bool IsDialectValue(ZOLAnnStandardXMLValue::Type type) {
+  return type >= ZOLAnnStandardXMLValue::IntValue && type <= ZOLAnnStandardXMLValue::ColorValue;
+}
+
+// Why a value of a node of that type would not read back as it is; null when it would.
+const char* ValueFault(const ZOLAnnStandardXMLValue* v, ZOLAnnStandardXMLNode::Type owner) {
+  const bool named = !v->Name().IsEmpty(), bound = v->GetRangeVal() != 0;
+  if (const char* fault = ZOLXMLTextFault(v->Value().str())) return fault;
+  if (const char* fault = ZOLXMLTextFault(v->Name().str())) return fault;
+  switch (owner) {
+    case ZOLAnnStandardXMLNode::EnumDefNode:
+      if (v->GetType() != ZOLAnnStandardXMLValue::StringValue) return "an enumeration holds strings only";
+      return bound ? "an enumeration's string has no bound" : nullptr;
+    case ZOLAnnStandardXMLNode::TypeDefNode:
+      if (v->GetType() == ZOLAnnStandardXMLValue::ColorValue) return "a record type holds no colour";
+      if (!named) return "a field of a record type needs a name";
+      return bound ? "a field of a record type has no bound" : nullptr;
+    case ZOLAnnStandardXMLNode::TypeValNode:
+      if (!named) return "a field of a record needs a name";
+      return bound ? "a field of a record has no bound" : nullptr;
+    default:
+      if (v->GetType() == ZOLAnnStandardXMLValue::EnumValue)
+        return !named ? "an enumerated value needs its enumeration's name" : bound ? "an enumerated value has no bound" : nullptr;
+      if (bound && v->GetType() != ZOLAnnStandardXMLValue::FloatValue) return "only a real number has a bound";
+      if (bound && !named) return "a bound needs its text";
+      return !bound && named ? "a parameter's value has no name" : nullptr;
+  }
+}
+
+// Why a node would not read back as it is where it stands (its values and place, not its
+// sub-nodes); null when it would. Nodes and values of no kind of the dialect are left to the
+// encoder, which reports them.
+const char* NodeFault(const ZOLAnnStandardXMLNode* n, Where place) {
+  const ZOLAnnStandardXMLNode::Type type = n->GetNodeType();
+  if (!IsDialectNode(type)) return nullptr;
+  if (n->Name().IsEmpty()) return "a node needs a name";
+  if (const char* fault = ZOLXMLTextFault(n->Name().str())) return fault;
+  switch (place) {
+    case Where::EnumRoot:
+      if (type != ZOLAnnStandardXMLNode::EnumDefNode) return "the Enum root holds enumerations only";
+      break;
+    case Where::TypeDefRoot:
+      if (type != ZOLAnnStandardXMLNode::TypeDefNode) return "the TypeDef root holds record types only";
+      break;
+    case Where::Root:
+      if (type != ZOLAnnStandardXMLNode::PlainNode) return "the Root root holds plain nodes only";
+      break;
+    case Where::Node:
+      if (type == ZOLAnnStandardXMLNode::EnumDefNode || type == ZOLAnnStandardXMLNode::TypeDefNode)
+        return "enumerations and record types belong to their roots";
+      break;
+  }
+  bool definition = type == ZOLAnnStandardXMLNode::EnumDefNode || type == ZOLAnnStandardXMLNode::TypeDefNode;
+  if (definition && n->GetNumOfNode() > 0) return "an enumeration or a record type holds no nodes";
+  if (definition && n->GetNumOfValue() == 0) return "an enumeration or a record type holds one value at least";
+  for (const ZOLAnnStandardXMLValue* v : n->Values())
+    if (IsDialectValue(v->GetType()))
+      if (const char* fault = ValueFault(v, type)) return fault;
+  return nullptr;
+}
+
 void InvalidNode(const char* indent, const ZOLIDOMElement_var& element, const ZOLIDOMElement_var& parent, bool report) {
   g_trace.TraPrint("%sERROR: invalid node %s under %s\n", indent, NodeName(element).c_str(), NodeName(parent).c_str());
   if (report) ZOLAssertMessage("Invalid node");
@@ -342,6 +411,7 @@ HRESULT ZOLAnnStandardXMLParserDOMCodec::Decode(Input& input, const char* indent
   ZOLIDOMDocument_var document;
   if (FAILED(input.BuildDocument(*builder, names, values, document)) || document.IsNull()) {
     g_trace.TraPrint("%sBuildDocument failed\n", indent);
+    g_trace.TraPrint("%s  %s\n", indent, builder->GetLastError().c_str());
     return E_FAIL;
   }
 
@@ -542,6 +612,7 @@ HRESULT ZOLAnnStandardXMLParserDOMCodec::Encode(Output& output) {
     ZOLAssertBool("");
     return E_UNEXPECTED;
   }
+  if (!Writable()) return E_FAIL;
   for (ZOLAnnStandardXMLNode* root : {_enumRoot, _typeDefRoot, _root})
     for (ZOLAnnStandardXMLNode* sub : root->SubNodes()) {
       HRESULT hr = EncodeNode(sub, top, document);
@@ -549,6 +620,32 @@ HRESULT ZOLAnnStandardXMLParserDOMCodec::Encode(Output& output) {
     }
   ZOLListValZOLUnicodeString names, values;
   return output.Write(*builder, document, names, values);
+}
+
+// Only a tree that decodes back to itself is written: a file that the decoder refuses, or reads
+// as another tree, would lose what the caller meant to save.
+bool ZOLAnnStandardXMLParserDOMCodec::Writable() const {
+  const char* fault = ZOLXMLTextFault(_name.str());
+  if (!fault) fault = ZOLXMLTextFault(_type.str());
+  if (fault) {
+    g_trace.TraPrint("ERROR: the name or type of the document cannot be written: %s\n", fault);
+    ZOLAssertMessage("Invalid node");
+    return false;
+  }
+  std::vector<std::pair<const ZOLAnnStandardXMLNode*, Where>> stack;
+  for (auto [root, place] : {std::pair{_root, Where::Root}, {_typeDefRoot, Where::TypeDefRoot}, {_enumRoot, Where::EnumRoot}})
+    for (const ZOLAnnStandardXMLNode* sub : root->SubNodes()) stack.emplace_back(sub, place);
+  while (!stack.empty()) {
+    auto [node, place] = stack.back();
+    stack.pop_back();
+    if (const char* fault = NodeFault(node, place)) {
+      g_trace.TraPrint("ERROR: the node %.200s cannot be written: %s\n", node->Name().ConvertToChar(), fault);
+      ZOLAssertMessage("Invalid node");
+      return false;
+    }
+    for (const ZOLAnnStandardXMLNode* sub : node->SubNodes()) stack.emplace_back(sub, Where::Node);
+  }
+  return true;
 }
 
 HRESULT ZOLAnnStandardXMLParserDOMCodec::EncodeNode(ZOLAnnStandardXMLNode* node, const ZOLIDOMElement_var& parent,

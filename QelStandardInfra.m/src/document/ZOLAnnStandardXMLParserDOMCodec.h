@@ -78,6 +78,8 @@ private:
   ZOLAnnStandardXMLNode* BuildTypeDef(const ZOLIDOMElement_var& element, const char* indent);
   ZOLAnnStandardXMLNode* BuildDefinition(const ZOLIDOMElement_var& element, bool isEnum, const char* indent);
   ZOLAnnStandardXMLNode* Build(const ZOLIDOMElement_var& element, ZOLAnnStandardXMLNode* typeDefRoot, const char* indent);
+  // 1 when the tree reads back as it is once written; otherwise the first fault is reported.
+  bool Writable() const;
   HRESULT EncodeNode(ZOLAnnStandardXMLNode* node, const ZOLIDOMElement_var& parent, ZOLIDOMDocument_var& document);
 
   ZOLAnnStandardXMLNode* _typeDefRoot = nullptr;

@@ -1,0 +1,232 @@
+// What is written reads back. Texts that a standard file cannot hold and give back are refused by
+// the edit strings with EditNotRepresentable, and by a save when they got into the tree another
+// way; so are trees of a shape that the decoder refuses or reads as another tree. A refused save
+// leaves the old file. What is accepted reads back exactly, through the DOM codec and through the
+// standard object.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <sstream>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+#include "ZOLAnnStandardXMLParser.h"
+#include "ZOLDftStandardServices.h"
+#include "ZOLReportCountTest.h"
+#include "ZOLXMLDOM.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Text {
+  const char* what;
+  std::string text;
+};
+
+std::vector<Text> BadTexts() {
+  return {
+      {"NUL", std::string("a\0b", 3)},
+      {"control character", "a\x01z"},
+      {"escape", "\x1b[0m"},
+      {"truncated sequence", "a\xe2\x82"},
+      {"lone continuation byte", "\x80"},
+      {"overlong form", "\xc0\xaf"},
+      {"surrogate", "\xed\xa0\x80"},
+      {"beyond U+10FFFF", "\xf4\x90\x80\x80"},
+      {"U+FFFE", "\xef\xbf\xbe"},
+  };
+}
+
+std::string Save(ZOLAnnStandardXMLParser& p) {
+  ZOLUnicodeString text;
+  p.SaveInString(text);
+  return text.str();
+}
+
+std::string ReadAll(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+std::string TempPath(const std::string& name) {
+  return (fs::temp_directory_path() / ("zolunrep_" + std::to_string(::getpid()) + "_" + name)).string();
+}
+
+// A small standard: a parameter A of text "old", and below P a record R and two namesakes Q.
+void Build(ZOLAnnStandardXMLParser& p) {
+  ASSERT_EQ(p.AddValueWithPath("Root:A:string:old", 1), 0);
+  ASSERT_EQ(p.AddNodeWithPath("Root:P", 0), 0);
+  ASSERT_EQ(p.AddNodeWithPath("Root.P:R", 1), 0);
+  ASSERT_EQ(p.AddValueWithPath("Root.P.R:F:int:1", 1), 0);
+  ASSERT_EQ(p.AddNodeWithPath("Root.P:Q", 0), 0);
+  ASSERT_EQ(p.AddNodeWithPath("Root.P:Q", 0), 0);
+}
+
+class Unrepresentable : public ZOLReportCountTest {};
+
+}  // namespace
+
+TEST_F(Unrepresentable, EveryEditStringRefusesItAndLeavesTheTreeAsItWas) {
+  using Edit = std::function<int(ZOLAnnStandardXMLParser&, const std::string&)>;
+  const std::vector<std::pair<const char*, Edit>> edits = {
+      {"node name", [](auto& p, const std::string& t) { return p.AddNodeWithPath("Root:" + t, 0); }},
+      {"record name", [](auto& p, const std::string& t) { return p.AddNodeWithPath("Root.P:" + t + ":1", 1); }},
+      {"parameter text", [](auto& p, const std::string& t) { return p.AddValueWithPath("Root:N:string:" + t, 1); }},
+      {"parameter name", [](auto& p, const std::string& t) { return p.AddValueWithPath("Root:" + t + ":int:1", 1); }},
+      {"enumeration name", [](auto& p, const std::string& t) { return p.AddValueWithPath("Root:N:enum." + t + ":Yes", 1); }},
+      {"field text", [](auto& p, const std::string& t) { return p.AddValueWithPath("Root.P.R:G:string:" + t, 1); }},
+      {"all namesakes", [](auto& p, const std::string& t) { return p.AddValueWithPathForAllOccurence("Root.P.Q:N:string:" + t, 1); }},
+      {"changed text", [](auto& p, const std::string& t) { return p.ChangeValueWithPath("Root.A:" + t); }},
+      {"field by name", [](auto& p, const std::string& t) { return p.ChangeValueWithPath("Root.P.R:F:" + t); }},
+      {"value by old text", [](auto& p, const std::string& t) { return p.ChangeValueWithPath("Root.A.old:" + t); }},
+  };
+  ZOLAnnStandardXMLParser p;
+  Build(p);
+  const std::string before = Save(p);
+  for (const Text& bad : BadTexts()) {
+    for (const auto& [form, edit] : edits)
+      EXPECT_EQ(edit(p, bad.text), ZOLAnnStandardXMLParser::EditNotRepresentable) << form << ", " << bad.what;
+    // A place that is not found is still said first.
+    EXPECT_EQ(p.AddValueWithPath("Root.Missing:N:string:" + bad.text, 1), 1) << bad.what;
+    EXPECT_EQ(p.ChangeValueWithPath("Root.Missing:" + bad.text), 1) << bad.what;
+  }
+  EXPECT_EQ(Save(p), before);
+}
+
+TEST_F(Unrepresentable, WhatIsAcceptedReadsBackExactlyThroughBothReaders) {
+  const std::vector<Text> good = {
+      {"line ends and tabs", "a\tb\nc\r\nd\re\n"},
+      {"blanks around", "  x  "},
+      {"markup", "<a> & \"b\" 'c' ]]> <!-- d --> &amp;"},
+      {"DEL and C1 controls", "\x7f\xc2\x80\xc2\x85"},
+      {"beyond the BMP", "\xf0\x9f\x98\x80 \xf4\x8f\xbf\xbf"},
+      {"last character before the refused ones", "\xef\xbf\xbd"},
+      // Over libxml2's usual bound of 10 MB, several in a row, names and values.
+      {"11 MB", std::string(11'000'000, 'v')},
+      {"a megabyte of escapes", std::string(500'000, '"') + std::string(500'000, '&')},
+  };
+  for (const Text& t : good) {
+    ZOLAnnStandardXMLParser p;
+    ASSERT_EQ(p.AddValueWithPath("Root:Value:string:x", 1), 0) << t.what;
+    ASSERT_EQ(p.ChangeValueWithPath("Root.Value:" + t.text), 0) << t.what;
+    ASSERT_EQ(p.AddNodeWithPath("Root:P", 0), 0) << t.what;
+    ASSERT_EQ(p.AddNodeWithPath("Root.P:R", 1), 0) << t.what;
+    ASSERT_EQ(p.AddValueWithPath("Root.P.R:" + t.text + ":string:" + t.text, 1), 0) << t.what;
+    ASSERT_EQ(p.AddNodeWithPath("Root:" + t.text, 0), 0) << t.what;
+    std::string path = TempPath("good.xml");
+    ASSERT_EQ(p.SaveInFile(path), S_OK) << t.what;
+
+    ZOLAnnStandardXMLParser again;
+    ASSERT_EQ(again.DecodeXML(ZOLUnicodeString(path), 1), 0) << t.what;
+    EXPECT_TRUE(again.GetValueWithPath("Root.Value").str() == t.text) << t.what;
+    const ZOLAnnStandardXMLValue* field = again.Root()->SubNodes()[1]->SubNodes()[0]->Values()[0];
+    EXPECT_TRUE(field->Name().str() == t.text && field->Value().str() == t.text) << t.what;
+    EXPECT_TRUE(again.Root()->SubNodes()[2]->Name().str() == t.text) << t.what;
+    EXPECT_EQ(Save(again), Save(p)) << t.what;
+
+    ZOLIDrwStandard_var s = ZOLDftStandardServices::GetStandardFromFile(ZOLUnicodeString(path), "Good");
+    ZOLUnicodeString value;
+    EXPECT_EQ(s->GetValue("Value", 1, value), S_OK) << t.what;
+    EXPECT_TRUE(value.str() == t.text) << t.what;
+    fs::remove(path);
+  }
+}
+
+TEST_F(Unrepresentable, SaveRefusesATreeThatGotSuchTextAnotherWayAndLeavesTheOldFile) {
+  using Spoil = std::function<void(ZOLAnnStandardXMLParser&, const std::string&)>;
+  const std::vector<std::pair<const char*, Spoil>> spoils = {
+      {"node name", [](auto& p, const std::string& t) { p.Root()->SubNodes()[0]->SetNodeName(ZOLUnicodeString(t)); }},
+      {"value text", [](auto& p, const std::string& t) { p.Root()->SubNodes()[0]->Values()[0]->SetValue(ZOLUnicodeString(t)); }},
+      {"value name",
+       [](auto& p, const std::string& t) {
+         auto v = ZOLRef<ZOLAnnStandardXMLValue>::Adopt(
+             new ZOLAnnStandardXMLValue(ZOLAnnStandardXMLValue::IntValue, "1", ZOLUnicodeString(t), 0));
+         p.Root()->SubNodes()[1]->SubNodes()[0]->AddValue(v.get(), -1);
+       }},
+  };
+  const std::string path = TempPath("old.xml");
+  int expected = 0;
+  for (const Text& bad : BadTexts()) {
+    for (const auto& [what, spoil] : spoils) {
+      ZOLAnnStandardXMLParser p;
+      Build(p);
+      spoil(p, bad.text);
+      std::ofstream(path) << "old content";
+      EXPECT_EQ(p.SaveInFile(path), E_FAIL) << what << ", " << bad.what;
+      EXPECT_EQ(ReadAll(path), "old content") << what << ", " << bad.what;
+      ++expected;
+    }
+  }
+  reports = expected;
+  EXPECT_EQ(r.CountContaining("Invalid node"), expected);
+  int leftovers = 0;
+  for (auto& e : fs::directory_iterator(fs::temp_directory_path()))
+    leftovers += e.path().filename().string().rfind("zolunrep_" + std::to_string(::getpid()) + "_old.xml.tmp", 0) == 0;
+  EXPECT_EQ(leftovers, 0);
+  fs::remove(path);
+}
+
+
+TEST_F(Unrepresentable, SaveRefusesATreeOfAShapeTheDecoderWouldNotGiveBack) {
+  struct Edit {
+    const char* what;
+    int kind;  // 0 node, 1 record, 2 value, 3 value in the direct form
+    const char* text;
+  };
+  const std::vector<std::vector<Edit>> trees = {
+      {{"a record at the top", 1, "Root:R"}},
+      {{"a node without a name", 0, "Root:"}},
+      {{"an empty enumeration", 0, "Enum:E"}},
+      {{"an empty record type", 0, "TypeDef:T"}},
+      {{"", 0, "Enum:E"}, {"", 2, "Enum.E::string:a"}, {"a node in an enumeration", 0, "Enum.E:X"}},
+      {{"", 0, "Enum:E"}, {"an integer in an enumeration", 2, "Enum.E::int:1"}},
+      {{"", 0, "TypeDef:T"}, {"a field without a name", 2, "TypeDef.T::int:1"}},
+      {{"", 0, "TypeDef:T"}, {"a colour in a record type", 2, "TypeDef.T:C:color:1 2 3"}},
+      {{"", 0, "Root:A"}, {"a named parameter value", 3, "Root.A:N:int:1"}},
+      {{"", 0, "Root:A"}, {"an enumerated value without its enumeration", 3, "Root.A::enum.YesNo:Yes"}},
+      {{"", 0, "Root:A"}, {"a bound without its text", 3, "Root.A::float.m:1.0"}},
+      {{"", 0, "Root:A"}, {"", 1, "Root.A:R"}, {"an unnamed field of a record", 3, "Root.A.R::int:1"}},
+      {{"", 0, "Root:A"}, {"", 1, "Root.A:R"}, {"a bound on a field of a record", 3, "Root.A.R:F:float.m.0.0:1"}},
+  };
+  const std::string path = TempPath("shape.xml");
+  int refused = 0;
+  for (const auto& edits : trees) {
+    ZOLAnnStandardXMLParser p;
+    for (const Edit& e : edits) {
+      int result = e.kind <= 1 ? p.AddNodeWithPath(e.text, e.kind) : p.AddValueWithPath(e.text, e.kind == 3 ? -1 : 1);
+      ASSERT_EQ(result, 0) << e.text;
+    }
+    std::ofstream(path) << "old content";
+    EXPECT_EQ(p.SaveInFile(path), E_FAIL) << edits.back().what;
+    EXPECT_EQ(ReadAll(path), "old content") << edits.back().what;
+    ++refused;
+  }
+  // A record type placed inside a node would be read back under the TypeDef root.
+  ZOLAnnStandardXMLParser p;
+  ASSERT_EQ(p.AddNodeWithPath("Root:A", 0), 0);
+  auto def = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(ZOLAnnStandardXMLNode::TypeDefNode, "T"));
+  auto field = ZOLRef<ZOLAnnStandardXMLValue>::Adopt(new ZOLAnnStandardXMLValue(ZOLAnnStandardXMLValue::IntValue, "1", "F", 0));
+  def->AddValue(field.get(), -1);
+  p.Root()->SubNodes()[0]->AddNode(def.get(), -1);
+  EXPECT_EQ(p.SaveInFile(path), E_FAIL);
+  ++refused;
+  // The same shapes where the dialect has them are written and read back.
+  ZOLAnnStandardXMLParser good;
+  for (const char* e : {"Enum:E", "TypeDef:T", "Root:A"}) ASSERT_EQ(good.AddNodeWithPath(e, 0), 0);
+  ASSERT_EQ(good.AddNodeWithPath("Root.A:R", 1), 0);
+  for (const char* e : {"Enum.E::string:a", "TypeDef.T:F:int:1", "Root.A:B:float.m.0.0:1", "Root.A:Y:enum.E:a", "Root.A.R:F:int:1"})
+    ASSERT_EQ(good.AddValueWithPath(e, 1), 0) << e;
+  ASSERT_EQ(good.SaveInFile(path), S_OK);
+  ZOLAnnStandardXMLParser again;
+  ASSERT_EQ(again.DecodeXML(ZOLUnicodeString(path), 1), 0);
+  EXPECT_EQ(Save(again), Save(good));
+  reports = refused;
+  EXPECT_EQ(r.CountContaining("Invalid node"), refused);
+  fs::remove(path);
+}
