@@ -224,3 +224,12 @@ TEST_F(BadInput, KeysCollidingWithoutTheSecretSpreadUnderIt) {
   ASSERT_EQ(s->GetValue(keys[1999].substr(0, keys[1999].size() - 2).c_str(), 1, v), S_OK);
   EXPECT_EQ(v, 2000);
 }
+
+// "LineThickness.mm" answers at every index when "mm" is a value right in the node: the nearest
+// row is then looked for among as many rows as the standard has elements, not for ever.
+TEST_F(BadInput, ThicknessIndexEndsOnAPathThatAnswersAtEveryIndex) {
+  ZOLIDrwStandard_var s = Load(kOpen + "<std:node name=\"LineThickness\"><std:floatval name=\"mm\">0.5</std:floatval></std:node>" + kClose);
+  int index = -1;
+  EXPECT_EQ(s->GetThicknessIndex(0.5, &index), S_OK);
+  EXPECT_EQ(index, 1);
+}

@@ -95,8 +95,8 @@ void SetupApply(CLI::App& app, int* status) {
   verb->add_option("--in", options->in, "Standard file to start from (default: an empty document)");
   verb->add_option("-o,--out", options->out, "Save the edited document to this file (written whole or not at all)");
   verb->footer(std::string(qelstd::kEditFileFormat) +
-               "\nPrints each line's result code (0 done, 1 place not found, 2 position not a number) and the\n"
-               "reports it raised, then the document as an outline and its version. The outline indents two\n"
+               "\nPrints each line's result code (0 done, 1 place not found, 2 position not a number, 3 text a\n"
+               "file cannot hold) and the reports it raised, then the document as an outline and its version. The outline indents two\n"
                "blanks per level down to level 64; deeper lines keep that indent and begin with their depth,\n"
                "as \"[65] node \\\"X\\\"\". Exit status 1 when a line did not give 0.\n"
                "\nExample:\n"

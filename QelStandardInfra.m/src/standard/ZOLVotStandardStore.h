@@ -35,6 +35,8 @@ public:
 
   /// The node at a dotted path and one-based index, or null; the node stays owned by the store.
   const Node* FindNode(std::string_view path, int index);
+  /// The number of elements read.
+  size_t NodeCount() const { return _Nodes.size(); }
   /// The root element, or null when the document did not close.
   const Node* Root() const { return At(_Root); }
   /// The first child of a node, or null.

@@ -1,6 +1,7 @@
 // The value face of the standard object: reads by dotted path and index, served from the maps of
 // the store, with a walk of the tree behind a miss whose result is filed for the next read.
 #include <algorithm>
+#include <climits>
 #include <cmath>
 
 #include "ZOLDftStandardServices.h"
@@ -256,7 +257,10 @@ HRESULT ZOLVotTransientStandard::GetThicknessIndex(double iMillimetres, int* oIn
   *oIndex = 0;
   double best = static_cast<double>(1e25f);
   double value = 0.0;
-  for (int i = 1; SUCCEEDED(GetValue("LineThickness.mm", i, value)); ++i) {
+  // A table has no more rows than the standard has elements: a path that answers at any index
+  // (a value named "mm" right in the node) ends there instead of running on.
+  const int rows = static_cast<int>(std::min<size_t>(_Store.NodeCount(), INT_MAX));
+  for (int i = 1; i <= rows && SUCCEEDED(GetValue("LineThickness.mm", i, value)); ++i) {
     // Strictly closer only: on a tie the lower row wins.
     if (std::fabs(iMillimetres - value) < best) {
       best = std::fabs(iMillimetres - value);
