@@ -70,9 +70,10 @@ public:
 class ElementStandard : public ZOLTIEBase<ZOLIDftElementWithStandard, Element> {
 public:
   using ZOLTIEBase::ZOLTIEBase;
+  // A failure may leave a pointer behind, but never a reference: the caller releases only on success.
   HRESULT GetStandard(ZOLBaseUnknown** o) override {
     *o = _impl->standard.Get();
-    if (*o) (*o)->AddRef();
+    if (*o && SUCCEEDED(_impl->standardResult)) (*o)->AddRef();
     return _impl->standardResult;
   }
 };
