@@ -20,21 +20,6 @@ struct Reading {
   nlohmann::ordered_json value;
 };
 
-std::string Text(const nlohmann::ordered_json& v) {
-  if (v.is_string()) return v.get<std::string>();
-  if (v.is_number_float()) {
-    char buf[32];
-    std::snprintf(buf, sizeof buf, "%.10g", v.get<double>());
-    return buf;
-  }
-  if (v.is_array()) {
-    std::string all;
-    for (const auto& e : v) all += (all.empty() ? "" : " ") + Text(e);
-    return all;
-  }
-  return qelstd::JsonText(v);
-}
-
 // The whole array or colour at a path through the getters with a capacity: the count first, then a
 // buffer of that count. False when there is no value.
 template <class T>
@@ -161,7 +146,7 @@ void Setup(CLI::App& app, int* status) {
                                     {"type", r.type}, {"kind", r.kind}, {"value", r.value}};
       qelstd::Printf(stdout, "%s\n", qelstd::JsonText(out).c_str());
     } else {
-      qelstd::Printf(stdout, "%s\ttype %d %s\n", Text(r.value).c_str(), r.type, r.kind);
+      qelstd::Printf(stdout, "%s\ttype %d %s\n", qelstd::PlainText(r.value).c_str(), r.type, r.kind);
     }
     *status = qelstd::kDone;
   });

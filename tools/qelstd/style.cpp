@@ -32,21 +32,6 @@ std::wstring Wide(const std::string& text) {
   return out;
 }
 
-std::string Text(const nlohmann::ordered_json& v) {
-  if (v.is_string()) return v.get<std::string>();
-  if (v.is_number_float()) {
-    char buf[32];
-    std::snprintf(buf, sizeof buf, "%.10g", v.get<double>());
-    return buf;
-  }
-  if (v.is_array()) {
-    std::string all;
-    for (const auto& e : v) all += (all.empty() ? "" : " ") + Text(e);
-    return all;
-  }
-  return qelstd::JsonText(v);
-}
-
 // Reads one filed value through the style: kind is what the standard filed it as.
 bool Read(ZOLIDftStyle* style, const std::string& kind, Value& v) {
   const char* p = v.path.c_str();
@@ -165,7 +150,7 @@ void Setup(CLI::App& app, int* status) {
     } else {
       for (const Value& v : values) {
         std::string path = v.path + (v.index != 1 ? "[" + std::to_string(v.index) + "]" : "");
-        qelstd::Printf(stdout, "%s\t%s\ttype %d %s\n", path.c_str(), Text(v.value).c_str(), v.type, v.kind);
+        qelstd::Printf(stdout, "%s\t%s\ttype %d %s\n", path.c_str(), qelstd::PlainText(v.value).c_str(), v.type, v.kind);
       }
     }
     *status = qelstd::kDone;
