@@ -8,6 +8,7 @@
 #include <string>
 #include <unistd.h>
 
+#include "QelFuzzFiles.h"
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLSysLog.h"
@@ -16,27 +17,16 @@ namespace {
 
 std::string g_path;
 
-// The input as a file; a plain write, since nothing here needs it on disk for good.
-void WriteInput(const std::string& path, const uint8_t* data, size_t size) {
-  FILE* f = std::fopen(path.c_str(), "wb");
-  if (!f || std::fwrite(data, 1, size, f) != size || std::fclose(f) != 0) std::abort();
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  ZOLSetDevelopmentStage(0);
-  ZOLSysLogSetHook([](bool, const char*) {});
-  // The enumeration check prints its faults on standard output.
-  if (!std::freopen("/dev/null", "w", stdout)) return 0;
-  char dir[] = "/tmp/fuzz_decode_file_XXXXXX";
-  if (!::mkdtemp(dir)) std::abort();
-  g_path = std::string(dir) + "/Fuzz.xml";
+  const std::string dir = qelfuzz::QuietScratch("decode_file");
+  g_path = dir + "/Fuzz.xml";
   return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  WriteInput(g_path, data, size);
+  qelfuzz::WriteInput(g_path, data, size);
   ZOLUnicodeString path(g_path);
   {
     ZOLAnnStandardXMLParser doc;

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "QelFuzzFiles.h"
 #include "ZOLAnnStandardServices.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLSysLog.h"
@@ -37,20 +38,10 @@ void Query(ZOLAnnStandardServices& s) {
   s.CheckXMLStructure();
 }
 
-// The input as a file; a plain write, since nothing here needs it on disk for good.
-void WriteInput(const std::string& path, const uint8_t* data, size_t size) {
-  FILE* f = std::fopen(path.c_str(), "wb");
-  if (!f || std::fwrite(data, 1, size, f) != size || std::fclose(f) != 0) std::abort();
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  ZOLSetDevelopmentStage(0);
-  ZOLSysLogSetHook([](bool, const char*) {});
-  if (!std::freopen("/dev/null", "w", stdout)) return 0;
-  char dir[] = "/tmp/fuzz_sheet_services_XXXXXX";
-  if (!::mkdtemp(dir)) std::abort();
+  const std::string dir = qelfuzz::QuietScratch("sheet_services");
   g_repository = dir;
   if (::mkdir((g_repository + "/drafting").c_str(), 0755) != 0 || ::mkdir((g_repository + "/work").c_str(), 0755) != 0)
     std::abort();
@@ -64,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static unsigned long run = 0;
   const std::string name = "F" + std::to_string(run++ % 1000000);
   const std::string file = g_repository + "/drafting/" + name + ".xml";
-  WriteInput(file, data, size);
+  qelfuzz::WriteInput(file, data, size);
   if (std::unique_ptr<ZOLAnnStandardServices> byPath = ZOLAnnStandardServices::OpenFile(file.c_str())) Query(*byPath);
   // By name the file is copied to the working directory first, which costs a flushed write: one
   // input in four takes that road.

@@ -7,6 +7,7 @@
 #include <string>
 #include <unistd.h>
 
+#include "QelFuzzFiles.h"
 #include "ZOLDrwParseStandard.h"
 #include "ZOLSysLog.h"
 
@@ -14,27 +15,17 @@ namespace {
 
 std::string g_input, g_output;
 
-// The input as a file; a plain write, since nothing here needs it on disk for good.
-void WriteInput(const std::string& path, const uint8_t* data, size_t size) {
-  FILE* f = std::fopen(path.c_str(), "wb");
-  if (!f || std::fwrite(data, 1, size, f) != size || std::fclose(f) != 0) std::abort();
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  ZOLSetDevelopmentStage(0);
-  ZOLSysLogSetHook([](bool, const char*) {});
-  if (!std::freopen("/dev/null", "w", stdout)) return 0;
-  char dir[] = "/tmp/fuzz_upgrade_driver_XXXXXX";
-  if (!::mkdtemp(dir)) std::abort();
-  g_input = std::string(dir) + "/Fuzz.xml";
-  g_output = std::string(dir) + "/Upgraded.xml";
+  const std::string dir = qelfuzz::QuietScratch("upgrade_driver");
+  g_input = dir + "/Fuzz.xml";
+  g_output = dir + "/Upgraded.xml";
   return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  WriteInput(g_input, data, size);
+  qelfuzz::WriteInput(g_input, data, size);
   ZOLUnicodeString file(g_input);
   ZOLDrwParseStandard reader(file);
   reader.Decode();
