@@ -25,13 +25,6 @@ struct Value {
   nlohmann::ordered_json value;
 };
 
-std::wstring Wide(const std::string& text) {
-  wchar_t* w = ZOLUnicodeString(text).ConvertToWChar();
-  std::wstring out(w ? w : L"");
-  delete[] w;
-  return out;
-}
-
 // Reads one filed value through the style: kind is what the standard filed it as.
 bool Read(ZOLIDftStyle* style, const std::string& kind, Value& v) {
   const char* p = v.path.c_str();
@@ -109,7 +102,7 @@ void Setup(CLI::App& app, int* status) {
     std::string styleName = *name;
     if (styleName.empty()) {
       wchar_t* def = nullptr;
-      if (SUCCEEDED(manager->GetDefaultStyle(Wide(*type).c_str(), &def, nullptr))) {
+      if (SUCCEEDED(manager->GetDefaultStyle(qelstd::Wide(*type).c_str(), &def, nullptr))) {
         ZOLUnicodeString n;
         n.BuildFromWChar(def);
         styleName = n.str();
@@ -117,7 +110,7 @@ void Setup(CLI::App& app, int* status) {
       delete[] def;
     }
     ZOLIDftStyle* raw = nullptr;
-    if (type->empty() || FAILED(manager->GetStyle(Wide(styleName).c_str(), Wide(*type).c_str(), &raw)) ||
+    if (type->empty() || FAILED(manager->GetStyle(qelstd::Wide(styleName).c_str(), qelstd::Wide(*type).c_str(), &raw)) ||
         !s->HasNode(("Styles." + *type + "." + styleName).c_str())) {
       if (raw) raw->Release();
       qelstd::Error(*type + "." + styleName, "no such style in " + *standard);

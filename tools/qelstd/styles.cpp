@@ -23,24 +23,10 @@ struct StyleType {
   std::vector<std::string> styles;
 };
 
-std::string Narrow(wchar_t* text) {
-  ZOLUnicodeString s;
-  if (text) s.BuildFromWChar(text);
-  delete[] text;
-  return s.str();
-}
-
-std::wstring Wide(const std::string& text) {
-  wchar_t* w = ZOLUnicodeString(text).ConvertToWChar();
-  std::wstring out(w ? w : L"");
-  delete[] w;
-  return out;
-}
-
 // The styles of one type, or of every type, grouped by type in the order the manager gives them.
 bool Collect(ZOLIDftStyleManager* manager, const std::string& type, std::vector<StyleType>& out) {
   ZOLIUnknownList* raw = nullptr;
-  const std::wstring wtype = Wide(type);
+  const std::wstring wtype = qelstd::Wide(type);
   if (FAILED(manager->GetStyles(type.empty() ? nullptr : wtype.c_str(), &raw, nullptr))) {
     if (raw) raw->Release();
     return false;
@@ -57,14 +43,14 @@ bool Collect(ZOLIDftStyleManager* manager, const std::string& type, std::vector<
     wchar_t *t = nullptr, *n = nullptr;
     style->GetType(&t);
     style->GetName(&n);
-    const std::string styleType = Narrow(t);
+    const std::string styleType = qelstd::Narrow(t);
     if (out.empty() || out.back().name != styleType) out.push_back({styleType, "", false, {}});
-    out.back().styles.push_back(Narrow(n));
+    out.back().styles.push_back(qelstd::Narrow(n));
   }
   if (!type.empty() && out.empty()) out.push_back({type, "", false, {}});
   for (StyleType& t : out) {
     wchar_t* name = nullptr;
-    if (SUCCEEDED(manager->GetDefaultStyle(Wide(t.name).c_str(), &name, nullptr))) t.defaultStyle = Narrow(name);
+    if (SUCCEEDED(manager->GetDefaultStyle(qelstd::Wide(t.name).c_str(), &name, nullptr))) t.defaultStyle = qelstd::Narrow(name);
     for (const std::string& s : t.styles) t.defaultPresent = t.defaultPresent || s == t.defaultStyle;
   }
   return true;
