@@ -1,8 +1,6 @@
 // The engineering symbols that the steps of releases 29 to 35 add or redraw, with their icons in
 // the heavy look (KVISO1.otf), the thin look (SYM2.font) and the slanted look (SYM1.font). A frozen
 // copy: the built-in symbol catalogue moves on, this one does not.
-#include <algorithm>
-
 #include "upgrade/migration/ZOLDrwMigrateR29ToR36.h"
 
 namespace {
@@ -747,10 +745,4 @@ constexpr ZOLDrwRelease21Symbol kSymbols[] = {
 
 }  // namespace
 
-std::span<const ZOLDrwRelease21Symbol> ZOLDrwRelease29Symbols() { return kSymbols; }
-
-const ZOLDrwRelease21Symbol* ZOLDrwFindRelease29Symbol(std::string_view name) {
-  const auto* at = std::find_if(std::begin(kSymbols), std::end(kSymbols),
-                                [name](const ZOLDrwRelease21Symbol& s) { return name == s.name; });
-  return at == std::end(kSymbols) ? nullptr : at;
-}
+const ZOLDrwRelease21Symbol* ZOLDrwFindRelease29Symbol(std::string_view name) { return ZOLDrwFindSymbol(kSymbols, name); }

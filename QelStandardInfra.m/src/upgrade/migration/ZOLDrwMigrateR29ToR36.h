@@ -9,9 +9,7 @@
 #include "QelStdUnitDescription.h"
 #include "upgrade/migration/ZOLDrwMigrateR21ToR28.h"
 
-// The symbols that releases 29 to 35 add or redraw, in the order of their rows, in the three looks.
-std::span<const ZOLDrwRelease21Symbol> ZOLDrwRelease29Symbols();
-// The symbol of that name, or null.
+// The symbol of that name among those that releases 29 to 35 add or redraw, or null.
 const ZOLDrwRelease21Symbol* ZOLDrwFindRelease29Symbol(std::string_view name);
 
 // Appends a record ToleranceDisplay to "Root.ToleranceFormats"; a null description is reported.
