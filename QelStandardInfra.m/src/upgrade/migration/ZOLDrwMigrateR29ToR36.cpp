@@ -34,7 +34,7 @@ std::string Text(ZOLAnnStandardXMLParser* parser, const std::string& path) {
   return parser->GetValueWithPath(path).str();
 }
 
-// The text of the direct value of that name, or null when the row has none.
+// The direct value of that name, or null when the row has none.
 ZOLAnnStandardXMLValue* Field(ZOLAnnStandardXMLNode* row, std::string_view name) { return row->FindValueByName(name); }
 
 // ---------------------------------------------------------------------------------------------
@@ -116,6 +116,7 @@ bool SetField(ZOLAnnStandardXMLNode* row, std::string_view field, const std::str
 // ---------------------------------------------------------------------------------------------
 // Families of annotations that releases 30 and 34 add, with Default as the release delivered it.
 
+// The family at a 1-based place of "Root.Styles"; its graphic colour is that of the Text family.
 void AddAnnotationFamily(ZOLDrwMigrationContext& context, const char* family, int place, const char* delta) {
   ZOLAnnStandardXMLParser* parser = context.Parser();
   const std::string color = Text(parser, "Root.Styles.Text.Default.Graphic.Color");
@@ -474,7 +475,7 @@ struct CodeMove {
 };
 constexpr CodeMove kR36Codes[] = {{9634, 61963}, {9635, 61964}, {9636, 61965}};
 
-// Appends to a record one value per field, Name first; numbers in the given format.
+// Appends a field to the record just added.
 void AddRecordValue(ZOLAnnStandardXMLParser* parser, const std::string& at, const char* name, const char* type,
                     const std::string& text) {
   parser->AddValueWithPath(at + name + ":" + type + ":" + text + ":0", -1);
