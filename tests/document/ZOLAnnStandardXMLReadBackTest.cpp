@@ -6,16 +6,14 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <sstream>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLReportCountTest.h"
+#include "ZOLScratch.h"
 #include "ZOLXMLDOM.h"
 
 namespace fs = std::filesystem;
@@ -45,17 +43,6 @@ std::string Save(ZOLAnnStandardXMLParser& p) {
   ZOLUnicodeString text;
   p.SaveInString(text);
   return text.str();
-}
-
-std::string ReadAll(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream s;
-  s << in.rdbuf();
-  return s.str();
-}
-
-std::string TempPath(const std::string& name) {
-  return (fs::temp_directory_path() / ("zolunrep_" + std::to_string(::getpid()) + "_" + name)).string();
 }
 
 // A small standard: a parameter A of text "old", and below P a record R and two namesakes Q.
@@ -119,7 +106,8 @@ TEST_F(Unrepresentable, WhatIsAcceptedReadsBackExactlyThroughBothReaders) {
     ASSERT_EQ(p.AddNodeWithPath("Root.P:R", 1), 0) << t.what;
     ASSERT_EQ(p.AddValueWithPath("Root.P.R:" + t.text + ":string:" + t.text, 1), 0) << t.what;
     ASSERT_EQ(p.AddNodeWithPath("Root:" + t.text, 0), 0) << t.what;
-    std::string path = TempPath("good.xml");
+    qeltest::ScratchDir dir;
+    const std::string path = dir / "good.xml";
     ASSERT_EQ(p.SaveInFile(path), S_OK) << t.what;
 
     ZOLAnnStandardXMLParser again;
@@ -134,7 +122,6 @@ TEST_F(Unrepresentable, WhatIsAcceptedReadsBackExactlyThroughBothReaders) {
     ZOLUnicodeString value;
     EXPECT_EQ(s->GetValue("Value", 1, value), S_OK) << t.what;
     EXPECT_TRUE(value.str() == t.text) << t.what;
-    fs::remove(path);
   }
 }
 
@@ -150,26 +137,23 @@ TEST_F(Unrepresentable, SaveRefusesATreeThatGotSuchTextAnotherWayAndLeavesTheOld
          p.Root()->SubNodes()[1]->SubNodes()[0]->AddValue(v.get(), -1);
        }},
   };
-  const std::string path = TempPath("old.xml");
+  qeltest::ScratchDir dir;
+  const std::string path = dir / "old.xml";
   int expected = 0;
   for (const Text& bad : BadTexts()) {
     for (const auto& [what, spoil] : spoils) {
       ZOLAnnStandardXMLParser p;
       Build(p);
       spoil(p, bad.text);
-      std::ofstream(path) << "old content";
+      qeltest::WriteText(path, "old content");
       EXPECT_EQ(p.SaveInFile(path), E_FAIL) << what << ", " << bad.what;
-      EXPECT_EQ(ReadAll(path), "old content") << what << ", " << bad.what;
+      EXPECT_EQ(qeltest::ReadText(path), "old content") << what << ", " << bad.what;
       ++expected;
     }
   }
   reports = expected;
   EXPECT_EQ(r.CountContaining("Invalid node"), expected);
-  int leftovers = 0;
-  for (auto& e : fs::directory_iterator(fs::temp_directory_path()))
-    leftovers += e.path().filename().string().rfind("zolunrep_" + std::to_string(::getpid()) + "_old.xml.tmp", 0) == 0;
-  EXPECT_EQ(leftovers, 0);
-  fs::remove(path);
+  EXPECT_EQ(std::distance(fs::directory_iterator(dir.Path()), fs::directory_iterator()), 1) << "a temporary was left";
 }
 
 
@@ -194,7 +178,8 @@ TEST_F(Unrepresentable, SaveRefusesATreeOfAShapeTheDecoderWouldNotGiveBack) {
       {{"", 0, "Root:A"}, {"", 1, "Root.A:R"}, {"an unnamed field of a record", 3, "Root.A.R::int:1"}},
       {{"", 0, "Root:A"}, {"", 1, "Root.A:R"}, {"a bound on a field of a record", 3, "Root.A.R:F:float.m.0.0:1"}},
   };
-  const std::string path = TempPath("shape.xml");
+  qeltest::ScratchDir dir;
+  const std::string path = dir / "shape.xml";
   int refused = 0;
   for (const auto& edits : trees) {
     ZOLAnnStandardXMLParser p;
@@ -202,9 +187,9 @@ TEST_F(Unrepresentable, SaveRefusesATreeOfAShapeTheDecoderWouldNotGiveBack) {
       int result = e.kind <= 1 ? p.AddNodeWithPath(e.text, e.kind) : p.AddValueWithPath(e.text, e.kind == 3 ? -1 : 1);
       ASSERT_EQ(result, 0) << e.text;
     }
-    std::ofstream(path) << "old content";
+    qeltest::WriteText(path, "old content");
     EXPECT_EQ(p.SaveInFile(path), E_FAIL) << edits.back().what;
-    EXPECT_EQ(ReadAll(path), "old content") << edits.back().what;
+    EXPECT_EQ(qeltest::ReadText(path), "old content") << edits.back().what;
     ++refused;
   }
   // A record type placed inside a node would be read back under the TypeDef root.
@@ -228,5 +213,4 @@ TEST_F(Unrepresentable, SaveRefusesATreeOfAShapeTheDecoderWouldNotGiveBack) {
   EXPECT_EQ(Save(again), Save(good));
   reports = refused;
   EXPECT_EQ(r.CountContaining("Invalid node"), refused);
-  fs::remove(path);
 }
