@@ -1,15 +1,13 @@
-// Whatever the writer saves, the reader must take back. The input is decoded as a standard text;
-// when it is none, its lines build a tree as edit strings instead. An edit from the input's last
-// line is applied, the tree is saved to a file, and a save that succeeds must decode again to the
-// same tree.
+// Whatever the writer saves, the reader must take back. The input is decoded as a standard text,
+// and what was decoded must save to a text that decodes again to the same save; when it is none,
+// its lines build a tree as edit strings instead. An edit from the input's last line is applied,
+// the tree is saved to a file, and a save that succeeds must decode again to the same tree.
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
-#include <unistd.h>
 
+#include "QelFuzzFiles.h"
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLSysLog.h"
 
@@ -47,11 +45,7 @@ std::string_view LastLine(std::string_view text) {
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  ZOLSetDevelopmentStage(0);
-  ZOLSysLogSetHook([](bool, const char*) {});
-  char dir[] = "/tmp/fuzz_save_roundtrip_XXXXXX";
-  if (!::mkdtemp(dir)) std::abort();
-  g_path = std::string(dir) + "/Saved.xml";
+  g_path = qelfuzz::QuietScratch("save_roundtrip") + "/Saved.xml";
   return 0;
 }
 
@@ -67,6 +61,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
       rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
     }
   } else {
+    ZOLUnicodeString saved, savedAgain;
+    decoded.SaveInString(saved);
+    ZOLAnnStandardXMLParser again;
+    if (again.DecodeXML(saved, 0) != 0) __builtin_trap();
+    again.SaveInString(savedAgain);
+    if (!(savedAgain == saved)) __builtin_trap();
     Apply(decoded, LastLine(input));
   }
   if (doc->SaveInFile(ZOLUnicodeString(g_path)) != S_OK) return 0;
