@@ -132,7 +132,6 @@ using Level = std::pair<long, int>;
 using Named = std::pair<long, std::string>;
 
 TEST(SheetStyles, FullStylesGiveZeroWithEveryPartAndTheirFormat) {
-  QELSTD_REQUIRE_CODEC();
   Opened s("Full", FullStandard());
   auto styles = SheetStyles(s.services);
   EXPECT_EQ(styles.hr, 0);
@@ -143,7 +142,6 @@ TEST(SheetStyles, FullStylesGiveZeroWithEveryPartAndTheirFormat) {
 }
 
 TEST(SheetStyles, ScaleAndProjectionOnlyGiveOneWithEveryFlagClear) {
-  QELSTD_REQUIRE_CODEC();
   Opened s("Old", Standard(Version(290) + Formats() +
                            Node("Styles", Node("Sheet", OldSheetStyle("Default", "2.0") +
                                                             Node("Positioned", Node("GlobalScale", "<std:floatval>3</std:floatval>") +
@@ -158,7 +156,6 @@ TEST(SheetStyles, ScaleAndProjectionOnlyGiveOneWithEveryFlagClear) {
 }
 
 TEST(SheetStyles, StyleWithSomeButNotAllPartsIsABadStructure) {
-  QELSTD_REQUIRE_CODEC();
   Opened s("Partial", Standard(Version(290) + Formats() +
                                Node("Styles", Node("Sheet", Node("Default", Node("GlobalScale", "<std:floatval>1</std:floatval>") +
                                                                                 Node("Orientation", Str("Portrait")))))));
@@ -172,7 +169,6 @@ TEST(SheetStyles, StyleWithSomeButNotAllPartsIsABadStructure) {
 }
 
 TEST(SheetFormats, EveryRecordReadWithLocaleIndependentSizes) {
-  QELSTD_REQUIRE_CODEC();
   Opened s("Full", FullStandard());
   auto formats = SheetFormats(s.services);
   ASSERT_EQ(formats.hr, S_OK);
@@ -184,7 +180,6 @@ TEST(SheetFormats, EveryRecordReadWithLocaleIndependentSizes) {
 // A record of three values fails the list at once; a size that does not scan or an unknown
 // orientation fails its record, and the list after all were read.
 TEST(SheetFormats, BadRecordFailsTheWholeList) {
-  QELSTD_REQUIRE_CODEC();
   struct Row {
     std::string formats;
     int count, reports;
@@ -204,7 +199,6 @@ TEST(SheetFormats, BadRecordFailsTheWholeList) {
 }
 
 TEST(VersionThresholds, LevelFiftyHasSheetStylesButNoSheetFormats) {
-  QELSTD_REQUIRE_CODEC();
   Opened s("R13", Release13Standard());
   EXPECT_EQ(VersionOf(s.services), Level(S_OK, 50));
   auto formats = SheetFormats(s.services);
@@ -219,7 +213,6 @@ TEST(VersionThresholds, LevelFiftyHasSheetStylesButNoSheetFormats) {
 }
 
 TEST(VersionThresholds, LevelBelowThirtyHasNoSheetStyles) {
-  QELSTD_REQUIRE_CODEC();
   // Release 10: Annotation without Styles.
   Opened s("R10", Standard(Node("Annotation", "") + Parent("ISO")));
   auto styles = SheetStyles(s.services);
@@ -232,7 +225,6 @@ TEST(VersionThresholds, LevelBelowThirtyHasNoSheetStyles) {
 }
 
 TEST(SheetQueries, DefaultStyleScaleAndParent) {
-  QELSTD_REQUIRE_CODEC();
   Opened s("Full", FullStandard("0.25"));
   ZOLDrwStdSheetStyle style;
   EXPECT_EQ(s.services.GetDefaultSheetStyle(style), 0);
@@ -244,13 +236,11 @@ TEST(SheetQueries, DefaultStyleScaleAndParent) {
 }
 
 TEST(SheetQueries, ScaleThatIsNoNumberStillAnswersAndLeavesTheScale) {
-  QELSTD_REQUIRE_CODEC();
   Opened s("Full", FullStandard("big"));
   EXPECT_EQ(ScaleOf(s.services, 7.0), Scale(S_OK, 7.0));
 }
 
 TEST(CheckXMLStructure, StandardWithoutSheetStylesIsReported) {
-  QELSTD_REQUIRE_CODEC();
   Opened s("NoStyles", Standard(Version(290) + Parent("ISO") + Formats() + Node("Styles", Node("Sheet", ""))));
   EXPECT_EQ(s.services.CheckXMLStructure(), 1);
   EXPECT_EQ(s.r.CountContaining("The R14 sheet styles are corrupted"), 1);
@@ -258,7 +248,6 @@ TEST(CheckXMLStructure, StandardWithoutSheetStylesIsReported) {
 }
 
 TEST(CheckXMLStructure, VersionThatCannotBeToldIsReported) {
-  QELSTD_REQUIRE_CODEC();
   Opened s("BadVersion", Standard(Version(100) + Parent("ISO")));
   EXPECT_EQ(VersionOf(s.services), Level(E_FAIL, -1));
   s.r.Clear();
@@ -286,7 +275,6 @@ TEST(UnreadableStandard, ObjectWithoutParserAnswersFailure) {
 }
 
 TEST(ParserCache, UnchangedFileIsServedFromTheCacheWithoutReading) {
-  QELSTD_REQUIRE_CODEC();
   OneStandard s("Cached", FullStandard("1.0"));
   ZOLAnnStandardServices first(s.name.c_str());
   SetModified(s.working, 1000000000);
@@ -300,7 +288,6 @@ TEST(ParserCache, UnchangedFileIsServedFromTheCacheWithoutReading) {
 }
 
 TEST(ParserCache, NewModificationTimeReadsTheFileAndEarlierObjectsKeepTheirParser) {
-  QELSTD_REQUIRE_CODEC();
   OneStandard s("Touched", FullStandard("1.0"));
   auto older = std::make_unique<ZOLAnnStandardServices>(s.name.c_str());
   s.Rewrite(FullStandard("0.5"), 1000000100);
@@ -314,7 +301,6 @@ TEST(ParserCache, NewModificationTimeReadsTheFileAndEarlierObjectsKeepTheirParse
 }
 
 TEST(SheetQueries, BuiltinStandardsPassTheStructureCheckWithFullSheetStyles) {
-  QELSTD_REQUIRE_CODEC();
   EnvOverride env;
   env.Clear();
   ScratchDir work;

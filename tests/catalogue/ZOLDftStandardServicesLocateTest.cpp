@@ -272,7 +272,6 @@ TEST(StandardClass, FileThatDecodesToNothingHasNoParentAndReleaseNineLevel) {
 }
 
 TEST(StandardClass, ParentAndVersionOfAFile) {
-  QELSTD_REQUIRE_CODEC();
   ScratchDir dir;
   WriteText(dir / "asme.xml", qeltest::Standard(qeltest::Version(250) + qeltest::Parent("ANSI", "1")));
   ZOLUnicodeString path(dir / "asme.xml"), className;
@@ -283,7 +282,6 @@ TEST(StandardClass, ParentAndVersionOfAFile) {
 }
 
 TEST(ListByParent, AnsiIsLeftOutAndEachParentGoesToItsList) {
-  QELSTD_REQUIRE_CODEC();
   ScratchDir dir;
   using qeltest::Parent;
   using qeltest::Standard;
