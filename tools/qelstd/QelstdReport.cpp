@@ -12,6 +12,7 @@
 
 #include "QelstdHtml.h"
 #include "QelstdIcon.h"
+#include "QelstdTreeText.h"
 #include "ZOLAnnStandardXMLNode.h"
 #include "ZOLAnnStdEngineeringSymbolsServices.h"
 #include "ZOLDftStandardServices.h"
@@ -412,35 +413,17 @@ void Styles(std::string& out, const Node* styles, ZOLIDrwStandard* standard) {
   out += "</section>";
 }
 
-const char* KindOf(const Value* v) {
-  switch (v->GetType()) {
-    case Value::IntValue: return "int";
-    case Value::FloatValue: return "float";
-    case Value::StringValue: return "string";
-    case Value::EnumValue: return "enum";
-    case Value::ColorValue: return "colour";
-    default: return "none";
-  }
-}
-
 void OutlineValues(std::string& out, const Node* n) {
   for (const Value* v : n->Values()) {
     out += " <span class=\"v\">";
-    if (n->GetNodeType() != Node::PlainNode && !v->Name().IsEmpty()) {
+    if (HasNamedValues(*n) && !v->Name().IsEmpty()) {
       AppendEscaped(out, v->Name().str());
       out += ": ";
     }
     out += "<code>";
     AppendEscaped(out, v->Value().str());
     out += "</code> <i>";
-    out += KindOf(v);
-    if (v->GetType() == Value::EnumValue && !v->Name().IsEmpty()) {
-      out += ' ';
-      AppendEscaped(out, v->Name().str());
-    } else if (v->GetRangeVal() == 1) {
-      out += " \xE2\x89\xA5 ";
-      AppendEscaped(out, v->Name().str());
-    }
+    AppendEscaped(out, ValueKind(*v));
     out += "</i></span>";
   }
 }
@@ -450,9 +433,9 @@ void OutlineLabel(std::string& out, const Node* n) {
   out += "<b>";
   AppendEscaped(out, n->Name().str());
   out += "</b>";
-  if (n->GetNodeType() == Node::TypeValNode && n->FindValueByName("Name")) {
+  if (const std::string_view record = RecordName(*n); !record.empty()) {
     out += " [";
-    AppendEscaped(out, Text(n, "Name"));
+    AppendEscaped(out, record);
     out += ']';
   }
   const int kind = static_cast<int>(n->GetNodeType());
