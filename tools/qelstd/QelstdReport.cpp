@@ -298,9 +298,9 @@ void Thicknesses(std::string& out, const Tables& t) {
 }
 
 void SheetFormats(std::string& out, ZOLIDrwStandard* standard) {
-  out += "<section id=\"sheets\"><h2>Sheet formats</h2><p>All at one scale, 1:";
+  out += "<section id=\"sheets\"><h2>Sheet formats</h2><p>All at one scale: a pixel for ";
   AppendNumber(out, 1 / kSheetPxPerMm);
-  out += " of a pixel per millimetre.</p><div class=\"grid sheets\">";
+  out += " mm.</p><div class=\"grid\">";
   ZOLIDftStandard_var dft(standard);
   ZOLDrwStdSheetFormat* formats = nullptr;
   int count = 0;
@@ -495,7 +495,7 @@ constexpr const char* kStyle =
     "svg[data-drawing=symbol] path{fill:#000;shape-rendering:crispEdges}"
     "ul.tree,ul.tree ul{list-style:none;padding-left:1.2em;margin:0}"
     "summary{cursor:pointer}.v code{background:#f2f2f2;padding:0 3px;white-space:pre-wrap}"
-    ".v i{color:#777;font-size:11px}.hit{background:#ffef9e}"
+    ".v i{color:#777;font-size:11px}.hit{background:#ffef9e}.styletype details{margin-left:1.2em}"
     "table{border-collapse:collapse;margin:.3em 0 .6em 1.2em}td,th{border:1px solid #ddd;padding:1px 6px;text-align:left}";
 
 // Only search and folding need it; the page reads whole without.
