@@ -1,7 +1,6 @@
 // qelstd report and diff as the tool builds them, from files of the built-in standards: the page of
-// a standard (its tree decoded, its object loaded, the page rendered; not written) against a load
-// of the same file, and the diff of two standards (both trees decoded and walked) against a load of
-// each.
+// a standard (its object loaded, the page rendered; not written) against a load of the same file,
+// and the diff of two standards (both trees decoded and walked) against a load of each.
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -51,10 +50,8 @@ size_t Load(const char* name) {
 }
 
 size_t Report(const char* name) {
-  ZOLAnnStandardXMLParser tree;
-  tree.DecodeXML(ZOLUnicodeString(FileOf(name)), 1);
   ZOLIDrwStandard_var s = ZOLDftStandardServices::GetStandardFromFile(FileOf(name).c_str(), name);
-  return qelstd::RenderReport(FileOf(name), tree, s).size();
+  return qelstd::RenderReport(FileOf(name), s).size();
 }
 
 size_t Diff(const char* a, const char* b) {
@@ -64,18 +61,10 @@ size_t Diff(const char* a, const char* b) {
   return qelstd::DiffTrees(ta, tb).size();
 }
 
-// The parts of a report: the decode of the tree, and the page from a tree and an object at hand.
-void BM_Decode(benchmark::State& state) {
-  for (auto _ : state) {
-    ZOLAnnStandardXMLParser tree;
-    benchmark::DoNotOptimize(tree.DecodeXML(ZOLUnicodeString(FileOf("ISO")), 1));
-  }
-}
+// The page alone, from an object at hand.
 void BM_Render(benchmark::State& state) {
-  ZOLAnnStandardXMLParser tree;
-  tree.DecodeXML(ZOLUnicodeString(FileOf("ISO")), 1);
   ZOLIDrwStandard_var s = ZOLDftStandardServices::GetStandardFromFile(FileOf("ISO").c_str(), "ISO");
-  for (auto _ : state) benchmark::DoNotOptimize(qelstd::RenderReport(FileOf("ISO"), tree, s).size());
+  for (auto _ : state) benchmark::DoNotOptimize(qelstd::RenderReport(FileOf("ISO"), s).size());
 }
 
 void BM_Report(benchmark::State& state) {
@@ -90,7 +79,6 @@ void BM_Load(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(BM_Decode)->Name("BM_Decode/ISO")->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Render)->Name("BM_Render/ISO")->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Report)->Name("BM_Report/ISO")->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Diff)->Name("BM_Diff/ISO-JIS")->Unit(benchmark::kMillisecond);

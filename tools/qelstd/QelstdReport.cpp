@@ -1,29 +1,31 @@
 // The report page: a header, drawings of what the standard defines, its styles and the outline of
-// its whole tree. Drawings are SVG in millimetres through a viewBox, so that they keep the
-// proportions of the standard whatever the zoom.
+// everything it files. Everything is read from the standard object, as a drafting module reads it.
+// Drawings are SVG in millimetres through a viewBox, so that they keep the proportions of the
+// standard whatever the zoom.
 #include "QelstdReport.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "QelstdHtml.h"
 #include "QelstdIcon.h"
-#include "QelstdTreeText.h"
-#include "ZOLAnnStandardXMLNode.h"
+#include "QelstdWide.h"
 #include "ZOLAnnStdEngineeringSymbolsServices.h"
 #include "ZOLDftStandardServices.h"
+#include "ZOLDftStandardValueType.h"
 #include "ZOLIDftStandard.h"
+#include "ZOLIDftStyle.h"
+#include "ZOLIDftStyleManager.h"
+#include "ZOLIUnknownList.h"
 #include "ZOLListValZOLUnicodeString.h"
 
 namespace qelstd {
 namespace {
-
-using Node = ZOLAnnStandardXMLNode;
-using Value = ZOLAnnStandardXMLValue;
 
 constexpr double kLineMm = 60;         // length of a drawn line type or thickness
 constexpr double kLinePxPerMm = 4;
@@ -32,29 +34,52 @@ constexpr double kTilePx = 120;
 constexpr double kSheetPxPerMm = 0.25; // the one scale of every sheet format
 constexpr int kIconZoom = 4;
 constexpr int kMostLinesPerTile = 400; // a pitch near 0 would draw without end
+constexpr int kMostSegments = 256;
 
-double Number(const Value* v, double fallback) {
-  if (!v) return fallback;
-  const char* text = v->Value().ConvertToChar();
-  char* end = nullptr;
-  const double d = std::strtod(text, &end);
-  return end != text && std::isfinite(d) ? d : fallback;
-}
+// Reads of one standard object by path, with what a page falls back on where a value is missing.
+class Reader {
+public:
+  explicit Reader(ZOLIDrwStandard* s) : _s(s) {}
 
-double Field(const Node* n, std::string_view name, double fallback) {
-  return Number(n ? n->FindValueByName(name) : nullptr, fallback);
-}
+  /// The entries of a list of records, 0 when the path holds none.
+  int Count(const std::string& list) const {
+    ZOLDftStandardValueType type = ZOLDftStandardValueTypeUnknown;
+    int count = 0;
+    return _s->GetValueType(list.c_str(), &type, &count) == S_OK && type == ZOLDftStandardValueTypeTypedEntry ? count : 0;
+  }
+  /// A real or an integer at a 1-based index.
+  double Number(const std::string& path, int index, double fallback) const {
+    double d = 0;
+    if (_s->GetValue(path.c_str(), index, d) == S_OK) return std::isfinite(d) ? d : fallback;
+    int i = 0;
+    return _s->GetValue(path.c_str(), index, i) == S_OK ? i : fallback;
+  }
+  std::string Text(const std::string& path, int index) const {
+    ZOLUnicodeString t;
+    return _s->GetValue(path.c_str(), index, t) == S_OK ? t.str() : std::string();
+  }
+  /// The reals of an array, or its single value.
+  std::vector<double> Reals(const std::string& path) const {
+    std::vector<double> v(kMostSegments);
+    int count = 0;
+    if (SUCCEEDED(_s->GetValue(path.c_str(), v.data(), kMostSegments, &count))) {
+      v.resize(static_cast<size_t>(std::clamp(count, 0, kMostSegments)));
+      return v;
+    }
+    double d = 0;
+    return _s->GetValue(path.c_str(), 1, d) == S_OK ? std::vector<double>{d} : std::vector<double>{};
+  }
+  ZOLIDrwStandard* Standard() const { return _s; }
 
-std::string_view Text(const Node* n, std::string_view name) {
-  const Value* v = n ? n->FindValueByName(name) : nullptr;
-  return v ? std::string_view(v->Value()) : std::string_view();
-}
+private:
+  ZOLIDrwStandard* _s;
+};
 
-// The value of a plain parameter node: its first value.
-double Param(const Node* n, std::string_view name, double fallback) {
-  const Node* p = n ? n->FindNodeByName(name) : nullptr;
-  return p && !p->Values().empty() ? Number(p->Values()[0], fallback) : fallback;
-}
+// What the standard files, one entry per key ("path.index" for single values, the bare path for
+// arrays), sorted by key.
+struct Filed {
+  ZOLListValZOLUnicodeString keys, kinds, values;
+};
 
 // A packed colour (red, green, blue, alpha bytes from the highest) as CSS.
 std::string Colour(double packed) {
@@ -101,25 +126,16 @@ void Caption(std::string& out, std::string_view title, std::string_view detail) 
   out += "</figcaption></figure>";
 }
 
-// What the page needs of the tree beside the outline: the line types and thicknesses that
-// patterns refer to by their 1-based row.
-struct Tables {
-  const Node* lineTypes = nullptr;
-  std::vector<const Node*> thicknesses;
-};
-
 // Dash and gap lengths of a line type in millimetres, dash first, for stroke-dasharray; empty for
 // a continuous line. Segment holds positive dashes and negative gaps; without it a type 1 line
 // has a 16-bit mask, each bit a quarter millimetre times Ratio. note tells what was drawn from.
-std::vector<double> Dashes(const Node* lineType, std::string& note) {
-  std::vector<double> signedLengths;
-  const Node* segment = lineType ? lineType->FindNodeByName("Segment") : nullptr;
-  if (segment && !segment->Values().empty()) {
-    for (const Value* v : segment->Values()) signedLengths.push_back(Number(v, 0));
+std::vector<double> Dashes(const Reader& r, const std::string& lineType, std::string& note) {
+  std::vector<double> signedLengths = r.Reals(lineType + ".Segment");
+  if (!signedLengths.empty()) {
     note = "segments";
-  } else if (Param(lineType, "Type", 1) == 1) {
-    const unsigned mask = static_cast<unsigned>(std::clamp(Param(lineType, "Pattern", 65535), 0.0, 65535.0));
-    const double bit = std::clamp(Param(lineType, "Ratio", 1), 0.0, 64.0) * 0.25;
+  } else if (r.Number(lineType + ".Type", 1, 1) == 1) {
+    const unsigned mask = static_cast<unsigned>(std::clamp(r.Number(lineType + ".Pattern", 1, 65535), 0.0, 65535.0));
+    const double bit = std::clamp(r.Number(lineType + ".Ratio", 1, 1), 0.0, 64.0) * 0.25;
     for (int b = 15; b >= 0; --b) signedLengths.push_back(mask >> b & 1 ? bit : -bit);
     note = "16-bit mask";
   } else {
@@ -134,12 +150,12 @@ std::vector<double> Dashes(const Node* lineType, std::string& note) {
     if (!runs.empty() && (runs.back() >= 0) == dash) runs.back() += dash ? abs : -abs;
     else runs.push_back(dash ? abs : -abs);
   }
-  if (std::none_of(runs.begin(), runs.end(), [](double r) { return r < 0; })) return {};
-  if (std::none_of(runs.begin(), runs.end(), [](double r) { return r > 0; })) return {0, 1};
+  if (std::none_of(runs.begin(), runs.end(), [](double x) { return x < 0; })) return {};
+  if (std::none_of(runs.begin(), runs.end(), [](double x) { return x > 0; })) return {0, 1};
   while (runs.front() < 0) std::rotate(runs.begin(), runs.begin() + 1, runs.end());
   if (runs.size() > 1 && runs.back() > 0) runs.front() += runs.back(), runs.pop_back();
   std::vector<double> dashes;
-  for (double r : runs) dashes.push_back(std::fabs(r));
+  for (double x : runs) dashes.push_back(std::fabs(x));
   if (dashes.size() % 2) dashes.push_back(0);
   return dashes;
 }
@@ -154,25 +170,33 @@ void AppendDashArray(std::string& out, const std::vector<double>& dashes) {
   out += '"';
 }
 
-const Node* LineTypeAt(const Tables& t, int row) {
-  if (!t.lineTypes) return nullptr;
-  return t.lineTypes->FindNodeByName("LineType" + std::to_string(row));
+// The names below "LineTypes" that are line types, by their number.
+std::vector<std::string> LineTypeNames(const Filed& f) {
+  constexpr std::string_view prefix = "LineTypes.LineType";
+  std::vector<std::pair<long, std::string>> found;
+  for (int k = 1; k <= f.keys.Size(); ++k) {
+    const std::string& key = f.keys[k].str();
+    if (key.compare(0, prefix.size(), prefix) != 0) continue;
+    const size_t dot = key.find('.', prefix.size());
+    const std::string name = key.substr(sizeof "LineTypes", dot - (sizeof "LineTypes"));
+    if (found.empty() || found.back().second != name) found.emplace_back(std::atol(name.c_str() + 8), name);
+  }
+  std::stable_sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  found.erase(std::unique(found.begin(), found.end()), found.end());
+  std::vector<std::string> names;
+  for (auto& [n, name] : found) names.push_back(std::move(name));
+  return names;
 }
 
-double ThicknessMm(const Tables& t, int row) {
-  if (row < 1 || row > static_cast<int>(t.thicknesses.size())) return 0.13;
-  return std::clamp(Field(t.thicknesses[static_cast<size_t>(row - 1)], "mm", 0.13), 0.05, 5.0);
-}
-
-void LineTypes(std::string& out, const Tables& t) {
+void LineTypes(std::string& out, const Reader& r, const Filed& f) {
   out += "<section id=\"linetypes\"><h2>Line types</h2><div class=\"grid\">";
-  for (const Node* lt : t.lineTypes ? t.lineTypes->SubNodes() : std::vector<Node*>()) {
-    // The branch ends with the text of the line-type font, which is no line type.
-    if (!lt->FindNodeByName("Type")) continue;
+  char buf[96];
+  for (const std::string& name : LineTypeNames(f)) {
+    const std::string path = "LineTypes." + name;
     std::string note;
-    const std::vector<double> dashes = Dashes(lt, note);
+    const std::vector<double> dashes = Dashes(r, path, note);
     out += "<figure>";
-    OpenSvg(out, "linetype", lt->Name(), kLineMm, 4, kLinePxPerMm);
+    OpenSvg(out, "linetype", name, kLineMm, 4, kLinePxPerMm);
     out += "<line x1=\"0\" y1=\"2\"";
     Attr(out, "x2", kLineMm);
     // A glyph of the line-type font is drawn by the application; grey stands in for it.
@@ -180,27 +204,30 @@ void LineTypes(std::string& out, const Tables& t) {
     out += " stroke-width=\"0.5\"";
     AppendDashArray(out, dashes);
     out += "/></svg>";
-    char buf[96];
-    std::snprintf(buf, sizeof buf, "type %g, pattern %g, ratio %g, from its ", Param(lt, "Type", 0),
-                  Param(lt, "Pattern", 0), Param(lt, "Ratio", 0));
-    Caption(out, lt->Name(), buf + note);
+    std::snprintf(buf, sizeof buf, "type %g, pattern %g, ratio %g, from its ", r.Number(path + ".Type", 1, 0),
+                  r.Number(path + ".Pattern", 1, 0), r.Number(path + ".Ratio", 1, 0));
+    Caption(out, name, buf + note);
   }
   out += "</div></section>";
 }
 
-void HatchLines(std::string& out, const Node* h, int family, const Tables& t) {
+double ThicknessMm(const Reader& r, int row) {
+  return std::clamp(r.Number("LineThickness.mm", row, 0.13), 0.05, 5.0);
+}
+
+void HatchLines(std::string& out, const Reader& r, int entry, int family) {
   const std::string n = std::to_string(family);
-  const double angle = Field(h, "angle" + n, 60) * M_PI / 180, offset = Field(h, "offset" + n, 2),
-               pitch = Field(h, "pitch" + n, 10);
+  auto field = [&](const char* name, double fallback) { return r.Number("Patterns.hatching." + (name + n), entry, fallback); };
+  const double angle = field("angle", 60) * M_PI / 180, offset = field("offset", 2), pitch = field("pitch", 10);
   if (!(pitch > kTileMm * 2 / kMostLinesPerTile)) return;
   const double ux = std::cos(angle), uy = std::sin(angle), nx = -uy, ny = ux;
   double lo = 0, hi = 0;
   for (double cx : {0.0, kTileMm})
     for (double cy : {0.0, kTileMm}) lo = std::min(lo, cx * nx + cy * ny), hi = std::max(hi, cx * nx + cy * ny);
   std::string note;
-  out += "<g stroke=\"" + Colour(Field(h, "color" + n, 255)) + "\"";
-  Attr(out, "stroke-width", ThicknessMm(t, static_cast<int>(Field(h, "thickness" + n, 1))));
-  AppendDashArray(out, Dashes(LineTypeAt(t, static_cast<int>(Field(h, "linetype" + n, 1))), note));
+  out += "<g stroke=\"" + Colour(field("color", 255)) + "\"";
+  Attr(out, "stroke-width", ThicknessMm(r, static_cast<int>(field("thickness", 1))));
+  AppendDashArray(out, Dashes(r, "LineTypes.LineType" + std::to_string(static_cast<int>(field("linetype", 1))), note));
   out += '>';
   const double reach = kTileMm * 3;
   for (double k = std::ceil((lo - offset) / pitch); k <= std::floor((hi - offset) / pitch); ++k) {
@@ -215,9 +242,9 @@ void HatchLines(std::string& out, const Node* h, int family, const Tables& t) {
   out += "</g>";
 }
 
-void OpenTile(std::string& out, const char* kind, const Node* entry) {
+void OpenTile(std::string& out, const char* kind, std::string_view name) {
   out += "<figure>";
-  OpenSvg(out, kind, Text(entry, "Name"), kTileMm, kTileMm, kTilePx / kTileMm);
+  OpenSvg(out, kind, name, kTileMm, kTileMm, kTilePx / kTileMm);
   // The y axis up, as angles of a drawing read.
   out += "<g transform=\"matrix(1 0 0 -1 0 ";
   AppendNumber(out, kTileMm);
@@ -232,27 +259,26 @@ void CloseTile(std::string& out) {
   out += "\" fill=\"none\" stroke=\"#bbb\" stroke-width=\"0.3\"/></svg>";
 }
 
-void Patterns(std::string& out, const Node* patterns, const Tables& t) {
-  const Node* hatching = patterns ? patterns->FindNodeByName("hatching") : nullptr;
-  const Node* dotting = patterns ? patterns->FindNodeByName("dotting") : nullptr;
-  const Node* coloring = patterns ? patterns->FindNodeByName("coloring") : nullptr;
+void Patterns(std::string& out, const Reader& r) {
   char buf[128];
   out += "<section id=\"hatchings\"><h2>Hatchings</h2><div class=\"grid\">";
-  for (const Node* h : hatching ? hatching->SubNodes() : std::vector<Node*>()) {
-    OpenTile(out, "hatching", h);
-    const int families = static_cast<int>(std::clamp(Field(h, "nb hatch", 1), 0.0, 10.0));
-    for (int f = 1; f <= families; ++f) HatchLines(out, h, f, t);
+  for (int i = 1, n = r.Count("Patterns.hatching"); i <= n; ++i) {
+    const std::string name = r.Text("Patterns.hatching.Name", i);
+    OpenTile(out, "hatching", name);
+    const int families = static_cast<int>(std::clamp(r.Number("Patterns.hatching.nb hatch", i, 1), 0.0, 10.0));
+    for (int f = 1; f <= families; ++f) HatchLines(out, r, i, f);
     CloseTile(out);
     std::snprintf(buf, sizeof buf, "%d line famil%s; first at %g\xC2\xB0, pitch %g mm", families, families == 1 ? "y" : "ies",
-                  Field(h, "angle1", 60), Field(h, "pitch1", 10));
-    Caption(out, Text(h, "Name"), buf);
+                  r.Number("Patterns.hatching.angle1", i, 60), r.Number("Patterns.hatching.pitch1", i, 10));
+    Caption(out, name, buf);
   }
   out += "</div></section><section id=\"dottings\"><h2>Dottings</h2><div class=\"grid\">";
-  for (const Node* d : dotting ? dotting->SubNodes() : std::vector<Node*>()) {
-    OpenTile(out, "dotting", d);
-    const double pitch = std::max(Field(d, "pitch", 10), 0.5);
-    const bool zigzag = Field(d, "zig-zag", 0) != 0;
-    out += "<g fill=\"" + Colour(Field(d, "color", 255)) + "\">";
+  for (int i = 1, n = r.Count("Patterns.dotting"); i <= n; ++i) {
+    const std::string name = r.Text("Patterns.dotting.Name", i);
+    OpenTile(out, "dotting", name);
+    const double pitch = std::max(r.Number("Patterns.dotting.pitch", i, 10), 0.5);
+    const bool zigzag = r.Number("Patterns.dotting.zig-zag", i, 0) != 0;
+    out += "<g fill=\"" + Colour(r.Number("Patterns.dotting.color", i, 255)) + "\">";
     for (int row = 0; row * pitch <= kTileMm; ++row)
       for (double x = zigzag && row % 2 ? pitch / 2 : 0; x <= kTileMm; x += pitch) {
         out += "<circle";
@@ -263,35 +289,37 @@ void Patterns(std::string& out, const Node* patterns, const Tables& t) {
     out += "</g>";
     CloseTile(out);
     std::snprintf(buf, sizeof buf, "pitch %g mm%s", pitch, zigzag ? ", zig-zag" : "");
-    Caption(out, Text(d, "Name"), buf);
+    Caption(out, name, buf);
   }
   out += "</div></section><section id=\"colorings\"><h2>Colourings</h2><div class=\"grid\">";
-  for (const Node* c : coloring ? coloring->SubNodes() : std::vector<Node*>()) {
-    OpenTile(out, "coloring", c);
-    out += "<rect width=\"30\" height=\"30\" fill=\"" + Colour(Field(c, "color", 4294967295.0)) + "\"/>";
+  for (int i = 1, n = r.Count("Patterns.coloring"); i <= n; ++i) {
+    const std::string name = r.Text("Patterns.coloring.Name", i);
+    const std::string colour = Colour(r.Number("Patterns.coloring.color", i, 4294967295.0));
+    OpenTile(out, "coloring", name);
+    out += "<rect width=\"30\" height=\"30\" fill=\"" + colour + "\"/>";
     CloseTile(out);
-    Caption(out, Text(c, "Name"), Colour(Field(c, "color", 4294967295.0)));
+    Caption(out, name, colour);
   }
   out += "</div></section>";
 }
 
-void Thicknesses(std::string& out, const Tables& t) {
+void Thicknesses(std::string& out, const Reader& r) {
   out += "<section id=\"thicknesses\"><h2>Line thicknesses</h2><div class=\"grid\">";
   char buf[96];
-  for (size_t i = 0; i < t.thicknesses.size(); ++i) {
-    const Node* row = t.thicknesses[i];
-    const double mm = Field(row, "mm", 0.13);
+  for (int i = 1, n = r.Count("LineThickness"); i <= n; ++i) {
+    const double mm = r.Number("LineThickness.mm", i, 0.13);
     const double drawn = std::clamp(mm, 0.0, 5.0);
-    const std::string name = std::to_string(i + 1);
-    out += Field(row, "Availability", 0) != 0 ? "<figure>" : "<figure class=\"off\">";
+    const bool available = r.Number("LineThickness.Availability", i, 0) != 0;
+    const std::string name = std::to_string(i);
+    out += available ? "<figure>" : "<figure class=\"off\">";
     OpenSvg(out, "thickness", name, kLineMm, drawn + 2, kLinePxPerMm);
     out += "<line x1=\"0\" x2=\"60\"";
     Attr(out, "y1", drawn / 2 + 1);
     Attr(out, "y2", drawn / 2 + 1);
     Attr(out, "stroke-width", drawn);
     out += " stroke=\"#000\"/></svg>";
-    std::snprintf(buf, sizeof buf, "%g mm, %g px%s", mm, Field(row, "Pixel", 1),
-                  Field(row, "Availability", 0) != 0 ? "" : ", not available");
+    std::snprintf(buf, sizeof buf, "%g mm, %g px%s", mm, r.Number("LineThickness.Pixel", i, 1),
+                  available ? "" : ", not available");
     Caption(out, name, buf);
   }
   out += "</div></section>";
@@ -343,11 +371,11 @@ void IconPath(std::string& out, const std::vector<unsigned char>& pixels, int si
   out += "\"/>";
 }
 
-void Symbols(std::string& out, const Node* symbols, bool ansiFamily) {
+void Symbols(std::string& out, const Reader& r, bool ansiFamily) {
   out += "<section id=\"symbols\"><h2>Engineering symbols</h2><div class=\"grid\">";
-  for (const Node* s : symbols ? symbols->SubNodes() : std::vector<Node*>()) {
-    const std::string_view name = Text(s, "Name"), font = Text(s, "Font");
-    auto icons = DecodeIcons(Text(s, "Icon22x22"), 22);
+  for (int i = 1, n = r.Count("EngineeringSymbols"); i <= n; ++i) {
+    const std::string name = r.Text("EngineeringSymbols.Name", i), font = r.Text("EngineeringSymbols.Font", i);
+    auto icons = DecodeIcons(r.Text("EngineeringSymbols.Icon22x22", i), 22);
     int size = 22;
     std::string from = "its own icon";
     if (icons.empty()) {
@@ -360,7 +388,8 @@ void Symbols(std::string& out, const Node* symbols, bool ansiFamily) {
                                                              f, code, i16, i22, 0)))
         icons = DecodeIcons(i22.str(), 22), from = "the library's icon";
     }
-    if (icons.empty()) icons = DecodeIcons(Text(s, "Icon16x16"), 16), size = 16, from = "its own 16-pixel icon";
+    if (icons.empty())
+      icons = DecodeIcons(r.Text("EngineeringSymbols.Icon16x16", i), 16), size = 16, from = "its own 16-pixel icon";
     const int columns = std::max<int>(1, static_cast<int>(icons.size()));
     out += "<figure>";
     OpenSvg(out, "symbol", name, columns * (size + 1) - 1, size, kIconZoom * 22.0 / size);
@@ -369,117 +398,136 @@ void Symbols(std::string& out, const Node* symbols, bool ansiFamily) {
       from = "no icon";
       out += "<path d=\"M0 0L22 22M22 0L0 22\" stroke=\"#c00\" stroke-width=\"0.5\"/>";
     }
-    for (size_t i = 0; i < icons.size(); ++i) IconPath(out, icons[i], size, static_cast<int>(i));
+    for (size_t k = 0; k < icons.size(); ++k) IconPath(out, icons[k], size, static_cast<int>(k));
     out += "</svg>";
-    std::string detail(font);
-    detail += ", code ";
-    detail += Text(s, "Charcode");
-    detail += ", " + from;
-    Caption(out, name, detail);
+    char code[32];
+    std::snprintf(code, sizeof code, ", code %g, ", r.Number("EngineeringSymbols.Charcode", i, 0));
+    Caption(out, name, font + code + from);
   }
   out += "</div></section>";
 }
 
-void Styles(std::string& out, const Node* styles, ZOLIDrwStandard* standard) {
+// A single value is filed under its path and its 1-based index; the index shows where it is not 1.
+bool IsSingle(std::string_view kind) { return kind == "integer" || kind == "real" || kind == "string" || kind == "enum"; }
+
+void AppendIndexed(std::string& out, std::string_view path, std::string_view kind) {
+  const size_t dot = path.rfind('.');
+  if (!IsSingle(kind) || dot == std::string_view::npos) return AppendEscaped(out, path);
+  AppendEscaped(out, path.substr(0, dot));
+  if (path.substr(dot + 1) == "1") return;
+  out += " [";
+  AppendEscaped(out, path.substr(dot + 1));
+  out += ']';
+}
+
+// The styles as the style manager hands them out, type by type in document order.
+std::vector<std::pair<std::string, std::string>> StylesOf(ZOLIDrwStandard* standard) {
+  std::vector<std::pair<std::string, std::string>> styles;
+  ZOLIDftStyleManager_var manager(standard);
+  ZOLIUnknownList* raw = nullptr;
+  if (!manager || FAILED(manager->GetStyles(nullptr, &raw, nullptr))) {
+    if (raw) raw->Release();
+    return styles;
+  }
+  ZOLIUnknownList_var list = ZOLIUnknownList_var::Adopt(raw);
+  int count = 0;
+  list->Count(&count);
+  for (int i = 0; i < count; ++i) {
+    ZOLBaseUnknown* item = nullptr;
+    if (FAILED(list->Item(i, &item))) continue;
+    ZOLIDftStyle_var style(item);
+    item->Release();
+    if (style.IsNull()) continue;
+    wchar_t *type = nullptr, *name = nullptr;
+    style->GetType(&type);
+    style->GetName(&name);
+    styles.emplace_back(Narrow(type), Narrow(name));
+  }
+  return styles;
+}
+
+void Styles(std::string& out, ZOLIDrwStandard* standard, const Filed& f) {
+  // The filed values of each style, by "type.name", in key order.
+  std::unordered_map<std::string_view, std::vector<int>> byStyle;
+  for (int k = 1; k <= f.keys.Size(); ++k) {
+    const std::string_view key = f.keys[k].str();
+    const size_t first = key.find('.'), second = first == std::string_view::npos ? first : key.find('.', first + 1);
+    if (second != std::string_view::npos) byStyle[key.substr(0, second)].push_back(k);
+  }
   out += "<section id=\"styles\"><h2>Styles</h2>";
-  for (const Node* type : styles ? styles->SubNodes() : std::vector<Node*>()) {
-    const std::string& typeName = type->Name().str();
-    ZOLListValZOLUnicodeString names, keys, kinds, values;
-    if (standard->GetStyleNames(typeName.c_str(), &names) != S_OK) continue;
-    ZOLDftStandardServices::ListFiledValues(standard, ZOLUnicodeString(typeName + "."), keys, kinds, values);
-    out += "<details class=\"styletype\"><summary>";
-    AppendEscaped(out, typeName);
-    out += " <small>(" + std::to_string(names.Size()) + ")</small></summary>";
-    for (int n = 1; n <= names.Size(); ++n) {
-      const std::string prefix = typeName + "." + names[n].str() + ".";
-      out += "<details><summary>";
-      AppendEscaped(out, names[n].str());
-      out += "</summary><table><tr><th>Parameter</th><th>Type</th><th>Value</th></tr>";
-      for (int k = 1; k <= keys.Size(); ++k) {
-        const std::string& key = keys[k].str();
-        if (key.compare(0, prefix.size(), prefix) != 0) continue;
+  const auto styles = StylesOf(standard);
+  for (size_t i = 0; i < styles.size(); ++i) {
+    const std::string& type = styles[i].first;
+    if (i == 0 || styles[i - 1].first != type) {
+      size_t n = 0;
+      while (i + n < styles.size() && styles[i + n].first == type) ++n;
+      out += i == 0 ? "<details class=\"styletype\"><summary>" : "</details><details class=\"styletype\"><summary>";
+      AppendEscaped(out, type);
+      out += " <small>(" + std::to_string(n) + ")</small></summary>";
+    }
+    const std::string style = type + "." + styles[i].second;
+    out += "<details><summary>";
+    AppendEscaped(out, styles[i].second);
+    out += "</summary><table><tr><th>Parameter</th><th>Type</th><th>Value</th></tr>";
+    if (auto it = byStyle.find(style); it != byStyle.end())
+      for (int k : it->second) {
         out += "<tr><td>";
-        AppendEscaped(out, std::string_view(key).substr(prefix.size()));
+        AppendIndexed(out, std::string_view(f.keys[k].str()).substr(style.size() + 1), f.kinds[k].str());
         out += "</td><td>";
-        AppendEscaped(out, kinds[k].str());
+        AppendEscaped(out, f.kinds[k].str());
         out += "</td><td>";
-        AppendEscaped(out, values[k].str());
+        AppendEscaped(out, f.values[k].str());
         out += "</td></tr>";
       }
-      out += "</table></details>";
-    }
-    out += "</details>";
+    out += "</table></details>";
   }
+  if (!styles.empty()) out += "</details>";
   out += "</section>";
 }
 
-void OutlineValues(std::string& out, const Node* n) {
-  for (const Value* v : n->Values()) {
-    out += " <span class=\"v\">";
-    if (HasNamedValues(*n) && !v->Name().IsEmpty()) {
-      AppendEscaped(out, v->Name().str());
-      out += ": ";
-    }
-    out += "<code>";
-    AppendEscaped(out, v->Value().str());
-    out += "</code> <i>";
-    AppendEscaped(out, ValueKind(*v));
-    out += "</i></span>";
-  }
-}
-
-void OutlineLabel(std::string& out, const Node* n) {
-  static const char* const kinds[] = {"root", "node", "typedef", "enumdef", "typeval"};
-  out += "<b>";
-  AppendEscaped(out, n->Name().str());
-  out += "</b>";
-  if (const std::string_view record = RecordName(*n); !record.empty()) {
-    out += " [";
-    AppendEscaped(out, record);
-    out += ']';
-  }
-  const int kind = static_cast<int>(n->GetNodeType());
-  if (kind != Node::PlainNode && kind >= 0 && kind <= 4) {
-    out += " <small>";
-    out += kinds[kind];
-    out += "</small>";
-  }
-}
-
-// The tree as nested lists, sub-nodes folded; walked with a stack, as a document may nest deeper
-// than a call stack should.
-void Outline(std::string& out, ZOLAnnStandardXMLParser& tree) {
-  out += "<section id=\"tree\"><h2>Tree</h2><p><input id=\"q\" type=\"search\" placeholder=\"Find in the tree\"> "
+// Every filed value as nested lists by the steps of its path, sub-nodes folded. A single value's
+// key ends with its index, shown beside its name.
+void Outline(std::string& out, const Filed& f) {
+  out += "<section id=\"tree\"><h2>Tree</h2><p>Every value the standard files, by path. "
+         "<input id=\"q\" type=\"search\" placeholder=\"Find in the tree\"> "
          "<button id=\"openall\">Unfold all</button> <button id=\"closeall\">Fold all</button></p><ul class=\"tree\">";
-  std::vector<std::pair<const Node*, size_t>> stack;
-  for (const Node* root : {tree.Root(), tree.EnumRoot(), tree.TypeDefRoot()}) {
-    if (!root) continue;
-    stack.emplace_back(root, 0);
-    out += "<li><details open><summary>";
-    OutlineLabel(out, root);
-    out += "</summary><ul>";
-    while (!stack.empty()) {
-      auto& [node, next] = stack.back();
-      if (next == node->SubNodes().size()) {
-        stack.pop_back();
-        out += "</ul></details></li>";
-        continue;
-      }
-      const Node* sub = node->SubNodes()[next++];
-      if (sub->SubNodes().empty()) {
-        out += "<li>";
-        OutlineLabel(out, sub);
-        OutlineValues(out, sub);
-        out += "</li>";
-        continue;
-      }
-      out += "<li><details><summary>";
-      OutlineLabel(out, sub);
-      OutlineValues(out, sub);
-      out += " <small>(" + std::to_string(sub->SubNodes().size()) + ")</small></summary><ul>";
-      stack.emplace_back(sub, 0);
+  std::vector<std::string_view> open;
+  std::vector<std::string_view> steps;
+  for (int k = 1; k <= f.keys.Size(); ++k) {
+    const std::string_view key = f.keys[k].str(), kind = f.kinds[k].str();
+    steps.clear();
+    for (size_t at = 0;;) {
+      const size_t dot = key.find('.', at);
+      steps.push_back(key.substr(at, dot == std::string_view::npos ? std::string_view::npos : dot - at));
+      if (dot == std::string_view::npos) break;
+      at = dot + 1;
     }
+    std::string_view index;
+    if (IsSingle(kind) && steps.size() > 1) index = steps.back(), steps.pop_back();
+    const size_t groups = steps.size() - 1;
+    size_t same = 0;
+    while (same < open.size() && same < groups && open[same] == steps[same]) ++same;
+    for (; open.size() > same; open.pop_back()) out += "</ul></details></li>";
+    for (; open.size() < groups; open.push_back(steps[open.size()])) {
+      out += "<li><details><summary><b>";
+      AppendEscaped(out, steps[open.size()]);
+      out += "</b></summary><ul>";
+    }
+    out += "<li><b>";
+    AppendEscaped(out, steps.back());
+    out += "</b>";
+    if (!index.empty() && index != "1") {
+      out += " [";
+      AppendEscaped(out, index);
+      out += ']';
+    }
+    out += " <span class=\"v\"><code>";
+    AppendEscaped(out, f.values[k].str());
+    out += "</code> <i>";
+    AppendEscaped(out, kind);
+    out += "</i></span></li>";
   }
+  for (; !open.empty(); open.pop_back()) out += "</ul></details></li>";
   out += "</ul></section>";
 }
 
@@ -514,19 +562,17 @@ constexpr const char* kScript =
 
 }  // namespace
 
-std::string RenderReport(const std::string& file, ZOLAnnStandardXMLParser& tree, ZOLIDrwStandard* standard) {
+std::string RenderReport(const std::string& file, ZOLIDrwStandard* standard) {
   ZOLUnicodeString name, parent;
   standard->GetName(name);
   standard->GetParentStandard(parent);
   const int level = standard->GetStdVersion();
-  const Node* root = tree.Root();
-  Tables t;
-  t.lineTypes = root ? root->FindNodeByName("LineTypes") : nullptr;
-  if (const Node* lt = root ? root->FindNodeByName("LineThickness") : nullptr)
-    t.thicknesses.assign(lt->SubNodes().begin(), lt->SubNodes().end());
+  const Reader r(standard);
+  Filed filed;
+  ZOLDftStandardServices::ListFiledValues(standard, ZOLUnicodeString(""), filed.keys, filed.kinds, filed.values);
 
   std::string out;
-  out.reserve(4 << 20);
+  out.reserve(2 << 20);
   out += "<!DOCTYPE html><html lang=\"en\"><head><meta charset=\"utf-8\"><title>";
   AppendEscaped(out, name.str());
   out += " \xE2\x80\x94 standard report</title><style>";
@@ -541,13 +587,13 @@ std::string RenderReport(const std::string& file, ZOLAnnStandardXMLParser& tree,
          "<a href=\"#dottings\">Dottings</a><a href=\"#colorings\">Colourings</a><a href=\"#thicknesses\">Thicknesses</a>"
          "<a href=\"#sheets\">Sheet formats</a><a href=\"#symbols\">Symbols</a><a href=\"#styles\">Styles</a>"
          "<a href=\"#tree\">Tree</a></nav></header>";
-  LineTypes(out, t);
-  Patterns(out, root ? root->FindNodeByName("Patterns") : nullptr, t);
-  Thicknesses(out, t);
+  LineTypes(out, r, filed);
+  Patterns(out, r);
+  Thicknesses(out, r);
   SheetFormats(out, standard);
-  Symbols(out, root ? root->FindNodeByName("EngineeringSymbols") : nullptr, parent == "ANSI");
-  Styles(out, root ? root->FindNodeByName("Styles") : nullptr, standard);
-  Outline(out, tree);
+  Symbols(out, r, parent == "ANSI");
+  Styles(out, standard, filed);
+  Outline(out, filed);
   out += "<script>";
   out += kScript;
   out += "</script></body></html>\n";

@@ -1,13 +1,12 @@
 // qelstd report NAME|FILE -o FILE.html: one self-contained page that draws a standard.
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <memory>
 #include <string>
 
-#include "QelstdCatalogue.h"
 #include "QelstdOutput.h"
 #include "QelstdReport.h"
+#include "QelstdStandard.h"
 #include "QelstdVerb.h"
 #include "ZOLFile.h"
 
@@ -19,32 +18,14 @@ struct ReportOptions {
 };
 
 int RunReport(const ReportOptions& o) {
-  std::string path, why;
-  if (!qelstd::ResolveStandard(o.standard, path, why)) {
-    qelstd::Error(o.standard, why);
-    return qelstd::kNotFound;
-  }
-  qelstd::SetSubject(path);
-  ZOLAnnStandardXMLParser tree;
-  if (!qelstd::DecodeStandardTree(path, tree, why)) {
-    qelstd::Error(path, why);
-    return qelstd::kNotFound;
-  }
-  ZOLIDrwStandard_var standard;
-  {
-    // What the object cannot read shows as missing in the page; the decode above told the faults.
-    qelstd::CollectedReports quiet;
-    standard = ZOLDftStandardServices::GetStandardFromFile(path.c_str(),
-                                                           std::filesystem::path(path).stem().string().c_str());
-  }
-  if (!standard) {
-    qelstd::Error(path, "cannot be read as a standard");
-    return qelstd::kNotFound;
-  }
+  int status = qelstd::kDone;
+  ZOLIDrwStandard_var standard = qelstd::OpenStandardOrFail(o.standard, &status);
+  if (!standard) return status;
   std::string page;
   {
-    qelstd::CollectedReports quiet;
-    page = qelstd::RenderReport(path, tree, standard);
+    // Reads of what a standard lacks are reported; the page shows them as missing.
+    qelstd::QuietReports quiet;
+    page = qelstd::RenderReport(qelstd::Subject(), standard);
   }
   errno = 0;
   if (ZOLWriteFileAtomically(o.output.c_str(), page) != S_OK) {
@@ -53,7 +34,7 @@ int RunReport(const ReportOptions& o) {
                                 "; nothing was written");
     return qelstd::kNotFound;
   }
-  qelstd::Printf(stdout, "%s: report of %s, %zu bytes\n", o.output.c_str(), path.c_str(), page.size());
+  qelstd::Printf(stdout, "%s: report of %s, %zu bytes\n", o.output.c_str(), qelstd::Subject().c_str(), page.size());
   return qelstd::kDone;
 }
 
@@ -67,9 +48,10 @@ void SetupReport(CLI::App& app, int* status) {
       "hatchings, dottings, colourings and line thicknesses drawn at their proportions; the engineering\n"
       "symbols with their icons enlarged; the sheet formats at one scale; the styles by type with\n"
       "their values; and the whole tree as a foldable outline with every value and its type. A small\n"
-      "script adds search and unfolding. A name is found as by `qelstd info` (the working directory\n"
-      "ADL_ODT_OUT or ZOLTemp must be set). Exit status 1 when the standard cannot be read or the page\n"
-      "cannot be written; the page is written whole or not at all.\n"
+      "script adds search and unfolding. Everything is read through the standard object, as a drafting\n"
+      "module reads it. A built-in name (ISO, JIS, ASME) needs the working directory ADL_ODT_OUT or\n"
+      "ZOLTemp. Exit status 1 when the standard cannot be read or the page cannot be written; the page\n"
+      "is written whole or not at all.\n"
       "\nExample:\n"
       "  $ ADL_ODT_OUT=/tmp/work qelstd report ISO -o iso.html\n");
   verb->callback([o, status] { *status = RunReport(*o); });
