@@ -47,11 +47,11 @@ void SetupReport(CLI::App& app, int* status) {
       "The page needs no network and no script: a header (name, parent, level, file); the line types,\n"
       "hatchings, dottings, colourings and line thicknesses drawn at their proportions; the engineering\n"
       "symbols with their icons enlarged; the sheet formats at one scale; the styles by type with\n"
-      "their values; and the whole tree as a foldable outline with every value and its type. A small\n"
-      "script adds search and unfolding. Everything is read through the standard object, as a drafting\n"
-      "module reads it. A built-in name (ISO, JIS, ASME) needs the working directory ADL_ODT_OUT or\n"
-      "ZOLTemp. Exit status 1 when the standard cannot be read or the page cannot be written; the page\n"
-      "is written whole or not at all.\n"
+      "their values; and every value the standard files, as a foldable outline by path with its type.\n"
+      "A small script adds search and unfolding. Everything is read through the standard object, as a\n"
+      "drafting module reads it. A built-in name (ISO, JIS, ASME) needs the working directory\n"
+      "ADL_ODT_OUT or ZOLTemp. Exit status 1 when the standard cannot be read or the page cannot be\n"
+      "written; the page is written whole or not at all.\n"
       "\nExample:\n"
       "  $ ADL_ODT_OUT=/tmp/work qelstd report ISO -o iso.html\n");
   verb->callback([o, status] { *status = RunReport(*o); });
