@@ -14,14 +14,11 @@
 
 #include "QelstdHtml.h"
 #include "QelstdIcon.h"
-#include "QelstdWide.h"
+#include "QelstdStyles.h"
 #include "ZOLAnnStdEngineeringSymbolsServices.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLDftStandardValueType.h"
 #include "ZOLIDftStandard.h"
-#include "ZOLIDftStyle.h"
-#include "ZOLIDftStyleManager.h"
-#include "ZOLIUnknownList.h"
 #include "ZOLListValZOLUnicodeString.h"
 
 namespace qelstd {
@@ -420,32 +417,6 @@ void AppendIndexed(std::string& out, std::string_view path, std::string_view kin
   out += ']';
 }
 
-// The styles as the style manager hands them out, type by type in document order.
-std::vector<std::pair<std::string, std::string>> StylesOf(ZOLIDrwStandard* standard) {
-  std::vector<std::pair<std::string, std::string>> styles;
-  ZOLIDftStyleManager_var manager(standard);
-  ZOLIUnknownList* raw = nullptr;
-  if (!manager || FAILED(manager->GetStyles(nullptr, &raw, nullptr))) {
-    if (raw) raw->Release();
-    return styles;
-  }
-  ZOLIUnknownList_var list = ZOLIUnknownList_var::Adopt(raw);
-  int count = 0;
-  list->Count(&count);
-  for (int i = 0; i < count; ++i) {
-    ZOLBaseUnknown* item = nullptr;
-    if (FAILED(list->Item(i, &item))) continue;
-    ZOLIDftStyle_var style(item);
-    item->Release();
-    if (style.IsNull()) continue;
-    wchar_t *type = nullptr, *name = nullptr;
-    style->GetType(&type);
-    style->GetName(&name);
-    styles.emplace_back(Narrow(type), Narrow(name));
-  }
-  return styles;
-}
-
 void Styles(std::string& out, ZOLIDrwStandard* standard, const Filed& f) {
   // The filed values of each style, by "type.name", in key order.
   std::unordered_map<std::string_view, std::vector<int>> byStyle;
@@ -455,7 +426,8 @@ void Styles(std::string& out, ZOLIDrwStandard* standard, const Filed& f) {
     if (second != std::string_view::npos) byStyle[key.substr(0, second)].push_back(k);
   }
   out += "<section id=\"styles\"><h2>Styles</h2>";
-  const auto styles = StylesOf(standard);
+  std::vector<std::pair<std::string, std::string>> styles;
+  if (ZOLIDftStyleManager_var manager(standard); manager) ListStyles(manager, "", styles);
   for (size_t i = 0; i < styles.size(); ++i) {
     const std::string& type = styles[i].first;
     if (i == 0 || styles[i - 1].first != type) {
