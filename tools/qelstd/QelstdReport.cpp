@@ -361,8 +361,9 @@ void IconPath(std::string& out, const std::vector<unsigned char>& pixels, int si
       }
       int end = x;
       while (end < size && pixels[static_cast<size_t>(y * size + end)]) ++end;
-      out += 'M' + std::to_string(column * (size + 1) + x) + ' ' + std::to_string(y) + 'h' + std::to_string(end - x) +
-             "v1h-" + std::to_string(end - x) + 'z';
+      char run[64];
+      const int n = std::snprintf(run, sizeof run, "M%d %dh%dv1h-%dz", column * (size + 1) + x, y, end - x, end - x);
+      out.append(run, static_cast<size_t>(std::clamp(n, 0, static_cast<int>(sizeof run) - 1)));
       x = end;
     }
   out += "\"/>";
@@ -418,16 +419,20 @@ void AppendIndexed(std::string& out, std::string_view path, std::string_view kin
 }
 
 void Styles(std::string& out, ZOLIDrwStandard* standard, const Filed& f) {
+  std::vector<std::pair<std::string, std::string>> styles;
+  if (ZOLIDftStyleManager_var manager(standard); manager) ListStyles(manager, "", styles);
   // The filed values of each style, by "type.name", in key order.
+  std::vector<std::string> prefixes;
+  prefixes.reserve(styles.size());
   std::unordered_map<std::string_view, std::vector<int>> byStyle;
+  for (const auto& [type, name] : styles) byStyle[prefixes.emplace_back(type + "." + name)];
   for (int k = 1; k <= f.keys.Size(); ++k) {
     const std::string_view key = f.keys[k].str();
     const size_t first = key.find('.'), second = first == std::string_view::npos ? first : key.find('.', first + 1);
-    if (second != std::string_view::npos) byStyle[key.substr(0, second)].push_back(k);
+    if (second == std::string_view::npos) continue;
+    if (auto it = byStyle.find(key.substr(0, second)); it != byStyle.end()) it->second.push_back(k);
   }
   out += "<section id=\"styles\"><h2>Styles</h2>";
-  std::vector<std::pair<std::string, std::string>> styles;
-  if (ZOLIDftStyleManager_var manager(standard); manager) ListStyles(manager, "", styles);
   for (size_t i = 0; i < styles.size(); ++i) {
     const std::string& type = styles[i].first;
     if (i == 0 || styles[i - 1].first != type) {
