@@ -138,11 +138,11 @@ TEST(QelstdReport, EveryLineTypePatternThicknessSymbolAndSheetFormatOfEachBuiltI
 }
 
 TEST(QelstdReport, MarkupInTheTextsOfAStandardReadsAsText) {
-  REQUIRE_CHROMIUM();
+  QELSTD_REQUIRE_BINARY();
   qeltest::ScratchDir dir;
   ASSERT_EQ(RunQelstd("builtin ISO -o '" + dir / "ISO.xml" + "'").status, 0);
   std::string text = qeltest::ReadText(dir / "ISO.xml");
-  // A sheet format (with the style that names it), a hatching, a symbol and a style value.
+  // A sheet format (with the style that names it), a hatching, a symbol and a filed string.
   const std::pair<std::string, std::string> edits[] = {
       {"A4 ISO", "&lt;marquee&gt;A4 &amp;amp; co&lt;/marquee&gt;"},
       {">STD 5<", ">&lt;img id=\"injected\" src=\"x\"&gt;<"},
@@ -155,15 +155,20 @@ TEST(QelstdReport, MarkupInTheTextsOfAStandardReadsAsText) {
   const std::string file = dir / "Marked.xml", page = dir / "Marked.html";
   qeltest::WriteText(file, text);
   ASSERT_EQ(RunQelstd("report '" + file + "' -o '" + page + "'", Env(dir)).status, 0);
-  const std::string dom = Browser(page, dir / "profile", "--dump-dom").Output();
-  ASSERT_NE(dom.find("</html>"), std::string::npos);
-  EXPECT_EQ(Count(dom, "<marquee"), 0u);
-  EXPECT_EQ(Count(dom, "<img"), 0u);
-  EXPECT_GT(Count(dom, "&lt;marquee&gt;A4 &amp;amp; co&lt;/marquee&gt;"), 0u);
-  EXPECT_GT(Count(dom, "&lt;img id=\"injected\" src=\"x\"&gt;"), 0u);
-  EXPECT_GT(Count(dom, "&lt;/figcaption&gt;&lt;marquee&gt;"), 0u);
-  EXPECT_GT(Count(dom, "&lt;/td&gt;&lt;marquee&gt;"), 0u);
-  ExpectEveryEntryDrawn(dom, ListsOf(file), "marked ISO");
+  // As the page is written, then as a browser reads it.
+  const std::string html = qeltest::ReadText(page);
+  for (const std::string& dom : {html, Chromium().empty() ? html : Browser(page, dir / "profile", "--dump-dom").Output()}) {
+    ASSERT_NE(dom.find("</html>"), std::string::npos);
+    EXPECT_EQ(Count(dom, "<marquee"), 0u);
+    EXPECT_EQ(Count(dom, "<img"), 0u);
+    EXPECT_GT(Count(dom, "&lt;marquee&gt;A4 &amp;amp; co&lt;/marquee&gt;"), 0u);
+    EXPECT_GT(Count(dom, "&lt;/figcaption&gt;&lt;marquee&gt;"), 0u);
+    EXPECT_GT(Count(dom, "&lt;/td&gt;&lt;marquee&gt;"), 0u);
+    ExpectEveryEntryDrawn(dom, ListsOf(file), "marked ISO");
+  }
+  // The page escapes quotes too; a browser writes them back plain in text.
+  EXPECT_GT(Count(html, "&lt;img id=&quot;injected&quot; src=&quot;x&quot;&gt;"), 0u);
+  if (Chromium().empty()) GTEST_SKIP() << "chromium is not installed: the page was checked as written only";
 }
 
 TEST(QelstdReport, AnOutputThatCannotBeWrittenEndsWithStatusOneAndLeavesNoFile) {
