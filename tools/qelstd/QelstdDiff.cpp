@@ -4,9 +4,12 @@
 #include "QelstdDiff.h"
 
 #include <map>
+#include <string>
 #include <string_view>
 #include <tuple>
+#include <vector>
 
+#include "ZOLAnnStandardXMLNode.h"
 
 namespace qelstd {
 namespace {
@@ -14,34 +17,34 @@ namespace {
 using Node = ZOLAnnStandardXMLNode;
 using Value = ZOLAnnStandardXMLValue;
 
-/// The kind of a value as it reads in a file: "int", "float", "string", "enum", "colour" (or "none"),
-/// followed by the enumeration of an enum and the lower bound of a bounded value.
-std::string ValueKind(const ZOLAnnStandardXMLValue& v) {
+// The kind of a value as it reads in a file: "int", "float", "string", "enum", "colour" (or "none"),
+// followed by the enumeration of an enum and the lower bound of a bounded value.
+std::string ValueKind(const Value& v) {
   std::string kind;
   switch (v.GetType()) {
-    case ZOLAnnStandardXMLValue::IntValue: kind = "int"; break;
-    case ZOLAnnStandardXMLValue::FloatValue: kind = "float"; break;
-    case ZOLAnnStandardXMLValue::StringValue: kind = "string"; break;
-    case ZOLAnnStandardXMLValue::EnumValue: kind = "enum"; break;
-    case ZOLAnnStandardXMLValue::ColorValue: kind = "colour"; break;
+    case Value::IntValue: kind = "int"; break;
+    case Value::FloatValue: kind = "float"; break;
+    case Value::StringValue: kind = "string"; break;
+    case Value::EnumValue: kind = "enum"; break;
+    case Value::ColorValue: kind = "colour"; break;
     default: kind = "none"; break;
   }
-  if (v.GetType() == ZOLAnnStandardXMLValue::EnumValue && !v.Name().IsEmpty()) kind += " " + v.Name().str();
+  if (v.GetType() == Value::EnumValue && !v.Name().IsEmpty()) kind += " " + v.Name().str();
   else if (v.GetRangeVal() == 1) kind += ", min " + v.Name().str();
   return kind;
 }
 
-/// Whether the values of a node are fields known by their names (a record or its type), rather
-/// than entries known by their place.
-bool HasNamedValues(const ZOLAnnStandardXMLNode& n) {
-  return n.GetNodeType() == ZOLAnnStandardXMLNode::TypeValNode || n.GetNodeType() == ZOLAnnStandardXMLNode::TypeDefNode;
+// Whether the values of a node are fields known by their names (a record or its type), rather
+// than entries known by their place.
+bool HasNamedValues(const Node& n) {
+  return n.GetNodeType() == Node::TypeValNode || n.GetNodeType() == Node::TypeDefNode;
 }
 
-/// The text of a record's "Name" field, empty for any other node: records of a list share the name
-/// of their type, and this tells them apart.
-std::string_view RecordName(const ZOLAnnStandardXMLNode& n) {
-  if (n.GetNodeType() != ZOLAnnStandardXMLNode::TypeValNode) return {};
-  const ZOLAnnStandardXMLValue* v = n.FindValueByName("Name");
+// The text of a record's "Name" field, empty for any other node: records of a list share the name
+// of their type, and this tells them apart.
+std::string_view RecordName(const Node& n) {
+  if (n.GetNodeType() != Node::TypeValNode) return {};
+  const Value* v = n.FindValueByName("Name");
   return v ? std::string_view(v->Value()) : std::string_view();
 }
 

@@ -38,13 +38,13 @@ class Reader {
 public:
   explicit Reader(ZOLIDrwStandard* s) : _s(s) {}
 
-  /// The entries of a list of records, 0 when the path holds none.
+  // The entries of a list of records, 0 when the path holds none.
   int Count(const std::string& list) const {
     ZOLDftStandardValueType type = ZOLDftStandardValueTypeUnknown;
     int count = 0;
     return _s->GetValueType(list.c_str(), &type, &count) == S_OK && type == ZOLDftStandardValueTypeTypedEntry ? count : 0;
   }
-  /// A real or an integer at a 1-based index.
+  // A real or an integer at a 1-based index.
   double Number(const std::string& path, int index, double fallback) const {
     double d = 0;
     if (_s->GetValue(path.c_str(), index, d) == S_OK) return std::isfinite(d) ? d : fallback;
@@ -55,7 +55,7 @@ public:
     ZOLUnicodeString t;
     return _s->GetValue(path.c_str(), index, t) == S_OK ? t.str() : std::string();
   }
-  /// The reals of an array, or its single value.
+  // The reals of an array, or its single value.
   std::vector<double> Reals(const std::string& path) const {
     std::vector<double> v(kMostSegments);
     int count = 0;
@@ -66,7 +66,6 @@ public:
     double d = 0;
     return _s->GetValue(path.c_str(), 1, d) == S_OK ? std::vector<double>{d} : std::vector<double>{};
   }
-  ZOLIDrwStandard* Standard() const { return _s; }
 
 private:
   ZOLIDrwStandard* _s;
