@@ -1,9 +1,10 @@
 // Writing HTML of a standard's texts: a standard is input, so its texts go into a page as text.
 #pragma once
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace qelstd {
 
@@ -38,12 +39,13 @@ inline std::string Escaped(std::string_view text) {
 /// A number for SVG coordinates: two decimals at most, no exponent; 0 for what is no finite number.
 inline void AppendNumber(std::string& out, double v) {
   if (!std::isfinite(v) || (v > -0.005 && v < 0.005)) v = 0;
-  char buf[48];
-  int n = std::snprintf(buf, sizeof buf, "%.2f", v);
-  if (n <= 0 || n >= static_cast<int>(sizeof buf)) return out.push_back('0');
-  while (buf[n - 1] == '0') --n;
-  if (buf[n - 1] == '.') --n;
-  out.append(buf, static_cast<size_t>(n));
+  char buf[400];
+  const auto [end, error] = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::fixed, 2);
+  if (error != std::errc()) return out.push_back('0');
+  const char* last = end;
+  while (last[-1] == '0') --last;
+  if (last[-1] == '.') --last;
+  out.append(buf, static_cast<size_t>(last - buf));
 }
 
 }  // namespace qelstd
