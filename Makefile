@@ -6,6 +6,8 @@ FUZZ_SECONDS ?= 60
 PACKAGES := cmake ninja-build g++ pkg-config libxml2-dev nlohmann-json3-dev libcli11-dev \
             libgtest-dev libgmock-dev libbenchmark-dev libpugixml-dev
 FUZZ_PACKAGES := clang-14 libclang-rt-14-dev libfuzzer-14-dev
+# The tests of qelstd report read the pages back through a headless browser.
+TEST_PACKAGES := chromium
 
 .PHONY: all deps build run test bench asan fuzz clean
 
@@ -32,6 +34,7 @@ run: build
 	./tools/run-main-job.sh $(BUILD)/tools/qelstd
 
 test: build
+	$(MAKE) deps EXTRA_PACKAGES="$(TEST_PACKAGES)"
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 
 bench: deps

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "QelstdInput.h"
+#include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLDrwParseStandard.h"
 #include "ZOLDftStdPersistence.h"
@@ -97,6 +98,14 @@ inline bool ReadParentAndVersion(const std::string& path, const CollectedReports
   if (!reader.DecodeFailed()) return true;
   why = "does not decode as a standard: " +
         WhyNotDecoded(path, std::vector<std::string>(reports.Lines().begin() + before, reports.Lines().end()));
+  return false;
+}
+
+/// Decodes a standard file into tree; false with why when it does not decode whole.
+inline bool DecodeStandardTree(const std::string& path, ZOLAnnStandardXMLParser& tree, std::string& why) {
+  CollectedReports reports;
+  if (tree.DecodeXML(ZOLUnicodeString(path), 1) == 0) return true;
+  why = "does not decode as a standard: " + WhyNotDecoded(path, reports.Lines());
   return false;
 }
 

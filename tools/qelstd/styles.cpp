@@ -9,6 +9,7 @@
 #include "QelstdJson.h"
 #include "QelstdOutput.h"
 #include "QelstdStandard.h"
+#include "QelstdStyles.h"
 #include "QelstdVerb.h"
 #include "ZOLIDftStyle.h"
 #include "ZOLIDftStyleManager.h"
@@ -25,27 +26,11 @@ struct StyleType {
 
 // The styles of one type, or of every type, grouped by type in the order the manager gives them.
 bool Collect(ZOLIDftStyleManager* manager, const std::string& type, std::vector<StyleType>& out) {
-  ZOLIUnknownList* raw = nullptr;
-  const std::wstring wtype = qelstd::Wide(type);
-  if (FAILED(manager->GetStyles(type.empty() ? nullptr : wtype.c_str(), &raw, nullptr))) {
-    if (raw) raw->Release();
-    return false;
-  }
-  ZOLIUnknownList_var list = ZOLIUnknownList_var::Adopt(raw);
-  int count = 0;
-  list->Count(&count);
-  for (int i = 0; i < count; ++i) {
-    ZOLBaseUnknown* item = nullptr;
-    if (FAILED(list->Item(i, &item))) continue;
-    ZOLIDftStyle_var style(item);
-    item->Release();
-    if (style.IsNull()) continue;
-    wchar_t *t = nullptr, *n = nullptr;
-    style->GetType(&t);
-    style->GetName(&n);
-    const std::string styleType = qelstd::Narrow(t);
+  std::vector<std::pair<std::string, std::string>> styles;
+  if (!qelstd::ListStyles(manager, type, styles)) return false;
+  for (auto& [styleType, name] : styles) {
     if (out.empty() || out.back().name != styleType) out.push_back({styleType, "", false, {}});
-    out.back().styles.push_back(qelstd::Narrow(n));
+    out.back().styles.push_back(std::move(name));
   }
   if (!type.empty() && out.empty()) out.push_back({type, "", false, {}});
   for (StyleType& t : out) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "QelstdIcon.h"
 #include "QelstdVerb.h"
 #include "ZOLAnnStdEngineeringSymbolsServices.h"
 
@@ -15,33 +16,14 @@ using Services = ZOLAnnStdEngineeringSymbolsServices;
 // Rows of pixels of the icons of one icon text ("#" ink, "." paper), drawings end to end side by
 // side; empty when the text is no base64 of whole bitmaps of that size.
 std::vector<std::string> Drawing(const std::string& text, int size) {
-  static const std::string digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  const int perRow = (size + 7) / 8, bytesPerIcon = perRow * size;
-  const size_t charsPerIcon = static_cast<size_t>((bytesPerIcon + 2) / 3 * 4);
-  if (text.empty() || text.size() % charsPerIcon) return {};
+  const auto icons = qelstd::DecodeIcons(text, size);
+  if (icons.empty()) return {};
   std::vector<std::string> rows(static_cast<size_t>(size));
-  for (size_t at = 0; at < text.size(); at += charsPerIcon) {
-    std::vector<unsigned char> bytes;
-    unsigned bits = 0;
-    int count = 0;
-    for (char c : text.substr(at, charsPerIcon)) {
-      if (c == '=') break;
-      const size_t d = digits.find(c);
-      if (d == std::string::npos) return {};
-      bits = (bits << 6) | static_cast<unsigned>(d);
-      count += 6;
-      if (count >= 8) {
-        count -= 8;
-        bytes.push_back(static_cast<unsigned char>(bits >> count));
-      }
-    }
-    if (static_cast<int>(bytes.size()) != bytesPerIcon) return {};
+  for (size_t i = 0; i < icons.size(); ++i)
     for (int y = 0; y < size; ++y) {
-      if (at) rows[y] += "  ";
-      for (int x = 0; x < size; ++x)
-        rows[y] += bytes[static_cast<size_t>(y * perRow + x / 8)] >> (7 - x % 8) & 1 ? "##" : "..";
+      if (i) rows[y] += "  ";
+      for (int x = 0; x < size; ++x) rows[y] += icons[i][static_cast<size_t>(y * size + x)] ? "##" : "..";
     }
-  }
   return rows;
 }
 
