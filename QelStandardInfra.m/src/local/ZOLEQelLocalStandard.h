@@ -1,0 +1,79 @@
+// The local standard and the local style: extensions of the model's objects of late type
+// "QelLocalStandard" and "QelLocalStyle" that keep overriding values in their attribute
+// "overloadedValues".
+#pragma once
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "LocalValue.h"
+#include "ZOLExtension.h"
+#include "ZOLIQelLocalStandard.h"
+#include "ZOLIQelLocalStyle.h"
+#include "ZOLQelLocalStandardAttributes.h"
+
+// What both share: the value map, the admission of names, the getters, the load and the save.
+// They differ in their admission list and in what an indexed setter tests: the first element's
+// key "name.1" (the local standard) or the bare name (the local style).
+template <class Interface>
+class ZOLEQelLocalValues : public ZOLExtensionBase<Interface> {
+public:
+  enum class IndexedAdmission { FirstElement, BareName };
+
+  HRESULT Reserved() override { return E_NOTIMPL; }
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, const std::vector<ZOLUnicodeString>& iValues) override;
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, int iIndex, ZOLUnicodeString iValue) override;
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, ZOLUnicodeString iValue) override;
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, const std::vector<double>& iValues) override;
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, int iIndex, double iValue) override;
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, double iValue) override;
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, const std::vector<int>& iValues) override;
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, int iIndex, int iValue) override;
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, int iValue) override;
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, std::vector<ZOLUnicodeString>& oValues) override;
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, int iIndex, ZOLUnicodeString& oValue) override;
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, ZOLUnicodeString& oValue) override;
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, std::vector<double>& oValues) override;
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, int iIndex, double& oValue) override;
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, double& oValue) override;
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, std::vector<int>& oValues) override;
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, int iIndex, int& oValue) override;
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, int& oValue) override;
+
+protected:
+  using MapGetter = void (*)(std::shared_ptr<LocalAttributeMap>&);
+  // Takes the admission list and reads the attribute, once.
+  ZOLEQelLocalValues(ZOLBaseUnknown* iExtended, MapGetter iMap, IndexedAdmission iIndexed);
+
+private:
+  void LoadOverloadedValues();
+  HRESULT SaveOverloadedValues();
+  // The names are taken by value, so keys are built in their own text and no other string is made.
+  HRESULT Store(std::string& ioKey, const int* iIndex, LocalValue&& iValue);
+  const LocalValue* Find(std::string& ioKey) const;
+  const LocalValue* FindIndexed(std::string& ioKey, int iIndex) const;
+  template <class T>
+  HRESULT GetScalar(const LocalValue* iEntry, T& oValue) const;
+  template <class T>
+  HRESULT GetVector(std::string& ioKey, std::vector<T>& oValues) const;
+
+  std::shared_ptr<LocalAttributeMap> attributeMap;
+  OverloadedValueMap overloadedValues;
+  IndexedAdmission _indexed;
+};
+
+class ZOLEQelLocalStandard final : public ZOLEQelLocalValues<ZOLIQelLocalStandard> {
+public:
+  // Made by the object runtime beside a "QelLocalStandard" object.
+  explicit ZOLEQelLocalStandard(ZOLBaseUnknown* iExtended);
+  static const ZOLMetaClass* MetaObject();
+  const ZOLMetaClass* GetMetaObject() const override { return MetaObject(); }
+};
+
+class ZOLEQelLocalStyle final : public ZOLEQelLocalValues<ZOLIQelLocalStyle> {
+public:
+  // Made by the object runtime beside a "QelLocalStyle" object.
+  explicit ZOLEQelLocalStyle(ZOLBaseUnknown* iExtended);
+  static const ZOLMetaClass* MetaObject();
+  const ZOLMetaClass* GetMetaObject() const override { return MetaObject(); }
+};

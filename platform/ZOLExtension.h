@@ -1,0 +1,45 @@
+// Extensions: a class declared as an extension of a late type of the data model is made beside an
+// object of that type the first time one of its interfaces is asked of the object, kept by it, and
+// found again by the same query. It shares the object's reference count, and GetImpl gives the object.
+#pragma once
+#include "ZOLClassDictionary.h"
+#include "ZOLISpecObject.h"
+#include "ZOLTIE.h"
+
+/// The base of an extension that derives from its interface: queries, counts and GetImpl go to
+/// the extended object, as those of a TIE go to its implementation.
+template <class Interface>
+class ZOLExtensionBase : public ZOLTIEBase<Interface, ZOLBaseUnknown> {
+public:
+  using ZOLTIEBase<Interface, ZOLBaseUnknown>::ZOLTIEBase;
+};
+
+/// The extension Ext of the object as Interface, made beside the object on first use: a new
+/// reference, or null when the object is null, of a late type that Ext does not extend, or holds
+/// another class's extension for Interface.
+template <class Interface, class Ext>
+Interface* ZOLAttachExtension(ZOLBaseUnknown* object) {
+  ZOLBaseUnknown* impl = object ? object->GetImpl() : nullptr;
+  if (!impl) return nullptr;
+  auto* found = static_cast<Interface*>(impl->FindAttachment(Interface::ClassId()));
+  if (found && !dynamic_cast<Ext*>(found)) return nullptr;
+  if (!found) {
+    ZOLISpecObject_var spec(impl);
+    if (spec.IsNull() || !ZOLClassDictionary::Extends(Ext::MetaObject(), spec->GetType())) return nullptr;
+    found = new Ext(impl);
+    impl->AddAttachment(Interface::ClassId(), found, [](void* p) { delete static_cast<Interface*>(p); });
+  }
+  impl->AddRef();
+  return found;
+}
+
+/// Registers an extension class at load: the class, its interface and creator, and a late type it
+/// extends besides the one its meta object names (optional).
+struct ZOLExtensionRegistrar {
+  ZOLExtensionRegistrar(const ZOLMetaClass* extension, const ZOLMetaClass* interfaceMeta, ZOLAttachmentCreator creator,
+                        const char* alsoExtends = nullptr) {
+    ZOLClassDictionary::RegisterClass(extension);
+    ZOLClassDictionary::RegisterAttachment(extension, interfaceMeta, creator);
+    if (alsoExtends) ZOLClassDictionary::RegisterExtendedType(extension, alsoExtends);
+  }
+};
