@@ -69,16 +69,6 @@ void AppendIndex(std::string& key, int index) {
   key.append(digits, end);
 }
 
-// Looks key followed by suffix up in map, and leaves key as it was.
-template <class Map>
-auto FindWithSuffix(const Map& map, std::string& key, std::string_view suffix) {
-  const size_t length = key.size();
-  key += suffix;
-  auto it = map.find(key);
-  key.resize(length);
-  return it;
-}
-
 }  // namespace
 
 template <class Interface>
@@ -147,8 +137,10 @@ HRESULT ZOLEQelLocalValues<Interface>::Store(std::string& ioKey, const int* iInd
       if (!admitted.count(ioKey)) return E_FAIL;
     }
   } else {
-    bool known = _indexed == IndexedAdmission::FirstElement ? FindWithSuffix(admitted, ioKey, ".1") != admitted.end()
-                                                            : admitted.count(ioKey) != 0;
+    const size_t length = ioKey.size();
+    if (_indexed == IndexedAdmission::FirstElement) ioKey += ".1";
+    const bool known = admitted.count(ioKey) != 0;
+    ioKey.resize(length);
     if (!known) return E_FAIL;
     AppendIndex(ioKey, *iIndex);
   }
@@ -157,19 +149,22 @@ HRESULT ZOLEQelLocalValues<Interface>::Store(std::string& ioKey, const int* iInd
 }
 
 template <class Interface>
-const LocalValue* ZOLEQelLocalValues<Interface>::Find(std::string& ioKey) const {
-  auto it = overloadedValues.find(ioKey);
-  if (it == overloadedValues.end()) it = FindWithSuffix(overloadedValues, ioKey, ".1");
+const LocalValue* ZOLEQelLocalValues<Interface>::Find(const std::string& iKey) {
+  auto it = overloadedValues.find(iKey);
+  if (it == overloadedValues.end() && !overloadedValues.empty()) {
+    _suffixed.assign(iKey).append(".1");
+    it = overloadedValues.find(_suffixed);
+  }
   return it == overloadedValues.end() ? nullptr : &it->second;
 }
 
 template <class Interface>
-const LocalValue* ZOLEQelLocalValues<Interface>::FindIndexed(std::string& ioKey, int iIndex) const {
-  const size_t length = ioKey.size();
-  AppendIndex(ioKey, iIndex);
-  auto it = overloadedValues.find(ioKey);
-  ioKey.resize(length);
-  if (it == overloadedValues.end() && iIndex == 1) it = overloadedValues.find(ioKey);
+const LocalValue* ZOLEQelLocalValues<Interface>::FindIndexed(const std::string& iKey, int iIndex) {
+  if (overloadedValues.empty()) return nullptr;
+  _suffixed.assign(iKey);
+  AppendIndex(_suffixed, iIndex);
+  auto it = overloadedValues.find(_suffixed);
+  if (it == overloadedValues.end() && iIndex == 1) it = overloadedValues.find(iKey);
   return it == overloadedValues.end() ? nullptr : &it->second;
 }
 
@@ -184,8 +179,8 @@ HRESULT ZOLEQelLocalValues<Interface>::GetScalar(const LocalValue* iEntry, T& oV
 
 template <class Interface>
 template <class T>
-HRESULT ZOLEQelLocalValues<Interface>::GetVector(std::string& ioKey, std::vector<T>& oValues) const {
-  const LocalValue* entry = Find(ioKey);
+HRESULT ZOLEQelLocalValues<Interface>::GetVector(const std::string& iKey, std::vector<T>& oValues) {
+  const LocalValue* entry = Find(iKey);
   if (!entry) return S_FALSE;
   if (entry->kind == Member<T>::vector) {
     oValues = Member<T>::VectorOf(*entry);

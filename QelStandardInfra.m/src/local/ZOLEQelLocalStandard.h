@@ -48,18 +48,21 @@ protected:
 private:
   void LoadOverloadedValues();
   HRESULT SaveOverloadedValues();
-  // The names are taken by value, so keys are built in their own text and no other string is made.
+  // A setter's name is taken by value, so its entry key is built in its own text.
   HRESULT Store(std::string& ioKey, const int* iIndex, LocalValue&& iValue);
-  const LocalValue* Find(std::string& ioKey) const;
-  const LocalValue* FindIndexed(std::string& ioKey, int iIndex) const;
+  // The entry of key, else of "key.1"; null when neither.
+  const LocalValue* Find(const std::string& iKey);
+  // The entry of "key.index", else of key for index 1; null when neither.
+  const LocalValue* FindIndexed(const std::string& iKey, int iIndex);
   template <class T>
   HRESULT GetScalar(const LocalValue* iEntry, T& oValue) const;
   template <class T>
-  HRESULT GetVector(std::string& ioKey, std::vector<T>& oValues) const;
+  HRESULT GetVector(const std::string& iKey, std::vector<T>& oValues);
 
   std::shared_ptr<LocalAttributeMap> attributeMap;
   OverloadedValueMap overloadedValues;
   IndexedAdmission _indexed;
+  std::string _suffixed;  // "key.N" of a read, kept so that reads allocate nothing once it has grown
 };
 
 class ZOLEQelLocalStandard final : public ZOLEQelLocalValues<ZOLIQelLocalStandard> {
