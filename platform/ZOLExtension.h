@@ -33,6 +33,12 @@ Interface* ZOLAttachExtension(ZOLBaseUnknown* object) {
   return found;
 }
 
+/// The class dictionary's creator made from a typed creator of an interface.
+template <class Interface, Interface* (*Create)(ZOLBaseUnknown*)>
+void* ZOLCreatorOf(ZOLBaseUnknown* object) {
+  return Create(object);
+}
+
 /// Registers an extension class at load: the class, its interface and creator, and a late type it
 /// extends besides the one its meta object names (optional).
 struct ZOLExtensionRegistrar {

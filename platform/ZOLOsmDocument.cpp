@@ -156,12 +156,9 @@ public:
 ZOLImplementMetaObject(ZOLOsmElementWithStandard, Extension, ZOLIDftElementWithStandard::MetaObject(), "ZOLSystem",
                        nullptr, "PCCMemMBDView")
 
-void* AttachElement(ZOLBaseUnknown* object) {
-  return ZOLAttachExtension<ZOLIDftElementWithStandard, ZOLOsmElementWithStandard>(object);
-}
-
 ZOLExtensionRegistrar s_elementOfView(ZOLOsmElementWithStandard::MetaObject(), ZOLIDftElementWithStandard::MetaObject(),
-                                      &AttachElement, "PCCMemVOTSheet");
+                                      &ZOLCreatorOf<ZOLIDftElementWithStandard, &ZOLAttachExtension<ZOLIDftElementWithStandard, ZOLOsmElementWithStandard>>,
+                                      "PCCMemVOTSheet");
 const bool s_elementOfAnnotation =
     (ZOLClassDictionary::RegisterExtendedType(ZOLOsmElementWithStandard::MetaObject(), "DrwAnnotation"), true);
 

@@ -68,11 +68,8 @@ public:
   HRESULT Reserved28() override { return E_NOTIMPL; }
 };
 
-inline void* AttachDrwStandardFeature(ZOLBaseUnknown* object) {
-  return ZOLAttachExtension<ZOLIDrwStandard, DrwStandardFeature>(object);
-}
 inline ZOLExtensionRegistrar s_drwStandardFeature(DrwStandardFeature::MetaObject(), ZOLIDrwStandard::MetaObject(),
-                                                  &AttachDrwStandardFeature);
+                                                  &ZOLCreatorOf<ZOLIDrwStandard, &ZOLAttachExtension<ZOLIDrwStandard, DrwStandardFeature>>);
 
 // The text of a string attribute; "(none)" when the object has no such attribute.
 inline std::string Attribute(ZOLBaseUnknown* object, const char* name = "overloadedValues") {

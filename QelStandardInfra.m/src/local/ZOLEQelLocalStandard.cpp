@@ -34,11 +34,10 @@ namespace {
 
 constexpr const char* kAttribute = "overloadedValues";
 
-void* AttachStandard(ZOLBaseUnknown* object) { return CreateBOAZOLIQelLocalStandardZOLEQelLocalStandard(object); }
-void* AttachStyle(ZOLBaseUnknown* object) { return CreateBOAZOLIQelLocalStyleZOLEQelLocalStyle(object); }
-
-ZOLExtensionRegistrar s_localStandard(ZOLEQelLocalStandard::MetaObject(), ZOLIQelLocalStandard::MetaObject(), &AttachStandard);
-ZOLExtensionRegistrar s_localStyle(ZOLEQelLocalStyle::MetaObject(), ZOLIQelLocalStyle::MetaObject(), &AttachStyle);
+ZOLExtensionRegistrar s_localStandard(ZOLEQelLocalStandard::MetaObject(), ZOLIQelLocalStandard::MetaObject(), 
+                                      &ZOLCreatorOf<ZOLIQelLocalStandard, &CreateBOAZOLIQelLocalStandardZOLEQelLocalStandard>);
+ZOLExtensionRegistrar s_localStyle(ZOLEQelLocalStyle::MetaObject(), ZOLIQelLocalStyle::MetaObject(), 
+                                   &ZOLCreatorOf<ZOLIQelLocalStyle, &CreateBOAZOLIQelLocalStyleZOLEQelLocalStyle>);
 
 // The live member of each kind of value that a getter asks for.
 template <class T>
@@ -189,96 +188,6 @@ HRESULT ZOLEQelLocalValues<Interface>::GetVector(const std::string& iKey, std::v
   if (entry->kind != Member<T>::scalar) return S_FALSE;
   oValues.push_back(Member<T>::Of(*entry));
   return S_OK;
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::SetOverloadedValue(ZOLUnicodeString iName, const std::vector<ZOLUnicodeString>& iValues) {
-  return iValues.empty() ? E_INVALIDARG : Store(iName.str(), nullptr, LocalValue(iValues));
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::SetOverloadedValue(ZOLUnicodeString iName, int iIndex, ZOLUnicodeString iValue) {
-  return Store(iName.str(), &iIndex, LocalValue(std::move(iValue)));
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::SetOverloadedValue(ZOLUnicodeString iName, ZOLUnicodeString iValue) {
-  return Store(iName.str(), nullptr, LocalValue(std::move(iValue)));
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::SetOverloadedValue(ZOLUnicodeString iName, const std::vector<double>& iValues) {
-  return iValues.empty() ? E_INVALIDARG : Store(iName.str(), nullptr, LocalValue(iValues));
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::SetOverloadedValue(ZOLUnicodeString iName, int iIndex, double iValue) {
-  return Store(iName.str(), &iIndex, LocalValue(iValue));
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::SetOverloadedValue(ZOLUnicodeString iName, double iValue) {
-  return Store(iName.str(), nullptr, LocalValue(iValue));
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::SetOverloadedValue(ZOLUnicodeString iName, const std::vector<int>& iValues) {
-  return iValues.empty() ? E_INVALIDARG : Store(iName.str(), nullptr, LocalValue(iValues));
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::SetOverloadedValue(ZOLUnicodeString iName, int iIndex, int iValue) {
-  return Store(iName.str(), &iIndex, LocalValue(iValue));
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::SetOverloadedValue(ZOLUnicodeString iName, int iValue) {
-  return Store(iName.str(), nullptr, LocalValue(iValue));
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::GetOverloadedValue(ZOLUnicodeString iName, std::vector<ZOLUnicodeString>& oValues) {
-  return GetVector(iName.str(), oValues);
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::GetOverloadedValue(ZOLUnicodeString iName, int iIndex, ZOLUnicodeString& oValue) {
-  return GetScalar(FindIndexed(iName.str(), iIndex), oValue);
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::GetOverloadedValue(ZOLUnicodeString iName, ZOLUnicodeString& oValue) {
-  return GetScalar(Find(iName.str()), oValue);
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::GetOverloadedValue(ZOLUnicodeString iName, std::vector<double>& oValues) {
-  return GetVector(iName.str(), oValues);
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::GetOverloadedValue(ZOLUnicodeString iName, int iIndex, double& oValue) {
-  return GetScalar(FindIndexed(iName.str(), iIndex), oValue);
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::GetOverloadedValue(ZOLUnicodeString iName, double& oValue) {
-  return GetScalar(Find(iName.str()), oValue);
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::GetOverloadedValue(ZOLUnicodeString iName, std::vector<int>& oValues) {
-  return GetVector(iName.str(), oValues);
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::GetOverloadedValue(ZOLUnicodeString iName, int iIndex, int& oValue) {
-  return GetScalar(FindIndexed(iName.str(), iIndex), oValue);
-}
-
-template <class Interface>
-HRESULT ZOLEQelLocalValues<Interface>::GetOverloadedValue(ZOLUnicodeString iName, int& oValue) {
-  return GetScalar(Find(iName.str()), oValue);
 }
 
 template class ZOLEQelLocalValues<ZOLIQelLocalStandard>;

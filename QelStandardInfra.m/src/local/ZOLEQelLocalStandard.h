@@ -4,6 +4,7 @@
 #pragma once
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "LocalValue.h"
@@ -21,24 +22,60 @@ public:
   enum class IndexedAdmission { FirstElement, BareName };
 
   HRESULT Reserved() override { return E_NOTIMPL; }
-  HRESULT SetOverloadedValue(ZOLUnicodeString iName, const std::vector<ZOLUnicodeString>& iValues) override;
-  HRESULT SetOverloadedValue(ZOLUnicodeString iName, int iIndex, ZOLUnicodeString iValue) override;
-  HRESULT SetOverloadedValue(ZOLUnicodeString iName, ZOLUnicodeString iValue) override;
-  HRESULT SetOverloadedValue(ZOLUnicodeString iName, const std::vector<double>& iValues) override;
-  HRESULT SetOverloadedValue(ZOLUnicodeString iName, int iIndex, double iValue) override;
-  HRESULT SetOverloadedValue(ZOLUnicodeString iName, double iValue) override;
-  HRESULT SetOverloadedValue(ZOLUnicodeString iName, const std::vector<int>& iValues) override;
-  HRESULT SetOverloadedValue(ZOLUnicodeString iName, int iIndex, int iValue) override;
-  HRESULT SetOverloadedValue(ZOLUnicodeString iName, int iValue) override;
-  HRESULT GetOverloadedValue(ZOLUnicodeString iName, std::vector<ZOLUnicodeString>& oValues) override;
-  HRESULT GetOverloadedValue(ZOLUnicodeString iName, int iIndex, ZOLUnicodeString& oValue) override;
-  HRESULT GetOverloadedValue(ZOLUnicodeString iName, ZOLUnicodeString& oValue) override;
-  HRESULT GetOverloadedValue(ZOLUnicodeString iName, std::vector<double>& oValues) override;
-  HRESULT GetOverloadedValue(ZOLUnicodeString iName, int iIndex, double& oValue) override;
-  HRESULT GetOverloadedValue(ZOLUnicodeString iName, double& oValue) override;
-  HRESULT GetOverloadedValue(ZOLUnicodeString iName, std::vector<int>& oValues) override;
-  HRESULT GetOverloadedValue(ZOLUnicodeString iName, int iIndex, int& oValue) override;
-  HRESULT GetOverloadedValue(ZOLUnicodeString iName, int& oValue) override;
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, const std::vector<ZOLUnicodeString>& iValues) override {
+    return iValues.empty() ? E_INVALIDARG : Store(iName.str(), nullptr, LocalValue(iValues));
+  }
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, int iIndex, ZOLUnicodeString iValue) override {
+    return Store(iName.str(), &iIndex, LocalValue(std::move(iValue)));
+  }
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, ZOLUnicodeString iValue) override {
+    return Store(iName.str(), nullptr, LocalValue(std::move(iValue)));
+  }
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, const std::vector<double>& iValues) override {
+    return iValues.empty() ? E_INVALIDARG : Store(iName.str(), nullptr, LocalValue(iValues));
+  }
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, int iIndex, double iValue) override {
+    return Store(iName.str(), &iIndex, LocalValue(iValue));
+  }
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, double iValue) override {
+    return Store(iName.str(), nullptr, LocalValue(iValue));
+  }
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, const std::vector<int>& iValues) override {
+    return iValues.empty() ? E_INVALIDARG : Store(iName.str(), nullptr, LocalValue(iValues));
+  }
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, int iIndex, int iValue) override {
+    return Store(iName.str(), &iIndex, LocalValue(iValue));
+  }
+  HRESULT SetOverloadedValue(ZOLUnicodeString iName, int iValue) override {
+    return Store(iName.str(), nullptr, LocalValue(iValue));
+  }
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, std::vector<ZOLUnicodeString>& oValues) override {
+    return GetVector(iName.str(), oValues);
+  }
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, int iIndex, ZOLUnicodeString& oValue) override {
+    return GetScalar(FindIndexed(iName.str(), iIndex), oValue);
+  }
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, ZOLUnicodeString& oValue) override {
+    return GetScalar(Find(iName.str()), oValue);
+  }
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, std::vector<double>& oValues) override {
+    return GetVector(iName.str(), oValues);
+  }
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, int iIndex, double& oValue) override {
+    return GetScalar(FindIndexed(iName.str(), iIndex), oValue);
+  }
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, double& oValue) override {
+    return GetScalar(Find(iName.str()), oValue);
+  }
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, std::vector<int>& oValues) override {
+    return GetVector(iName.str(), oValues);
+  }
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, int iIndex, int& oValue) override {
+    return GetScalar(FindIndexed(iName.str(), iIndex), oValue);
+  }
+  HRESULT GetOverloadedValue(ZOLUnicodeString iName, int& oValue) override {
+    return GetScalar(Find(iName.str()), oValue);
+  }
 
 protected:
   using MapGetter = void (*)(std::shared_ptr<LocalAttributeMap>&);
@@ -64,6 +101,10 @@ private:
   IndexedAdmission _indexed;
   std::string _suffixed;  // "key.N" of a read, kept so that reads allocate nothing once it has grown
 };
+
+// Made in ZOLEQelLocalStandard.cpp, where the getters' helpers are.
+extern template class ZOLEQelLocalValues<ZOLIQelLocalStandard>;
+extern template class ZOLEQelLocalValues<ZOLIQelLocalStyle>;
 
 class ZOLEQelLocalStandard final : public ZOLEQelLocalValues<ZOLIQelLocalStandard> {
 public:

@@ -110,12 +110,9 @@ ZOLIQelLocalStdManager* CreateBOAZOLIQelLocalStdManagerZOLEAnnLocalStdManager(ZO
 
 namespace {
 
-void* AttachViewManager(ZOLBaseUnknown* object) { return CreateBOAZOLIQelLocalStdManagerZOLEQelLocalStdManager(object); }
-void* AttachAnnotationManager(ZOLBaseUnknown* object) { return CreateBOAZOLIQelLocalStdManagerZOLEAnnLocalStdManager(object); }
-
 ZOLExtensionRegistrar s_viewManager(ZOLEQelLocalStdManager::MetaObject(), ZOLIQelLocalStdManager::MetaObject(),
-                                    &AttachViewManager, "PCCMemVOTSheet");
+                                    &ZOLCreatorOf<ZOLIQelLocalStdManager, &CreateBOAZOLIQelLocalStdManagerZOLEQelLocalStdManager>, "PCCMemVOTSheet");
 ZOLExtensionRegistrar s_annotationManager(ZOLEAnnLocalStdManager::MetaObject(), ZOLIQelLocalStdManager::MetaObject(),
-                                          &AttachAnnotationManager);
+                                          &ZOLCreatorOf<ZOLIQelLocalStdManager, &CreateBOAZOLIQelLocalStdManagerZOLEAnnLocalStdManager>);
 
 }  // namespace
