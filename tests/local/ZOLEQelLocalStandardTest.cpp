@@ -101,22 +101,13 @@ TEST_F(LocalStandard, AnEmptyVectorIsRefusedBeforeTheNameIsLookedAt) {
 
 TEST_F(LocalStandard, AFreshObjectAnswersOneToEveryGetterAndTheCallerReadsTheStandard) {
   for (const char* name : {kLeaderGap, kColor, "Text.Default.Font.Name", "No.Such.Name"}) {
-    int i = 7;
-    double d = 7;
-    ZOLUnicodeString s("kept");
-    std::vector<int> iv{7};
-    std::vector<double> dv{7};
-    std::vector<ZOLUnicodeString> sv{"kept"};
-    EXPECT_EQ(standard->GetOverloadedValue(name, i), S_FALSE);
-    EXPECT_EQ(standard->GetOverloadedValue(name, 1, i), S_FALSE);
-    EXPECT_EQ(standard->GetOverloadedValue(name, iv), S_FALSE);
-    EXPECT_EQ(style->GetOverloadedValue(name, d), S_FALSE);
-    EXPECT_EQ(style->GetOverloadedValue(name, 1, d), S_FALSE);
-    EXPECT_EQ(style->GetOverloadedValue(name, dv), S_FALSE);
-    EXPECT_EQ(standard->GetOverloadedValue(name, s), S_FALSE);
-    EXPECT_EQ(standard->GetOverloadedValue(name, 1, s), S_FALSE);
-    EXPECT_EQ(style->GetOverloadedValue(name, sv), S_FALSE);
-    EXPECT_TRUE(i == 7 && d == 7 && s == "kept" && iv == std::vector<int>{7} && dv == std::vector<double>{7} && sv.size() == 1);
+    for (const std::string& asked : {Ask(standard, name, 7), Ask(standard, name, 7, 1), Ask(standard, name, std::vector<int>{7}),
+                                     Ask(style, name, 7.0), Ask(style, name, 7.0, 1), Ask(style, name, std::vector<double>{7}),
+                                     Ask(standard, name, ZOLUnicodeString("kept")), Ask(style, name, ZOLUnicodeString("kept"), 1),
+                                     Ask(style, name, std::vector<ZOLUnicodeString>{"kept"})})
+      EXPECT_TRUE(asked == "1 7" || asked == "1 7.000000" || asked == "1 1 7" || asked == "1 1 7.000000" ||
+                  asked == "1 kept" || asked == "1 1 kept")
+          << name << ": " << asked;
   }
   double fromStandard = -1;
   ASSERT_EQ(localtest::Iso()->GetValue(kLeaderGap, 1, fromStandard), S_OK);
