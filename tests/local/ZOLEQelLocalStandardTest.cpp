@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "LocalTestModel.h"
+#include "ZOLIDftElementWithStandard.h"
+#include "ZOLIQelLocalStdManager.h"
 #include "local/ZOLQelLocalStandardAttributesJson.h"
 
 using localtest::Attribute;
@@ -22,10 +24,15 @@ OverloadedValueMap Stored(ZOLBaseUnknown* local) {
   return map;
 }
 
-// How a drafting module reads a real: the local value, and on 1 the standard's.
-double ReadReal(ZOLIQelLocalStandard* local, const char* path) {
+// How a drafting module reads a real: the element's local value, and on 1 its standard's.
+double ReadReal(ZOLBaseUnknown* element, const char* path) {
   double value = -1;
-  if (local->GetOverloadedValue(path, value) == S_FALSE) localtest::Iso()->GetValue(path, 1, value);
+  ZOLIQelLocalStandard_var local = ZOLIQelLocalStdManager_var(element)->GetLocalStandard(0);
+  if (local.IsNull() || local->GetOverloadedValue(path, value) == S_FALSE) {
+    ZOLBaseUnknown* standard = nullptr;
+    if (SUCCEEDED(ZOLIDftElementWithStandard_var(element)->GetStandard(&standard)))
+      ZOLIDrwStandard_var(ZOLVar<ZOLBaseUnknown>::Adopt(standard))->GetValue(path, 1, value);
+  }
   return value;
 }
 
@@ -99,7 +106,7 @@ TEST_F(LocalStandard, AnEmptyVectorIsRefusedBeforeTheNameIsLookedAt) {
   EXPECT_EQ(standard->Reserved(), E_NOTIMPL);
 }
 
-TEST_F(LocalStandard, AFreshObjectAnswersOneToEveryGetterAndTheCallerReadsTheStandard) {
+TEST_F(LocalStandard, AFreshObjectAnswersOneToEveryGetterAndLeavesItsArgument) {
   for (const char* name : {kLeaderGap, kColor, "Text.Default.Font.Name", "No.Such.Name"}) {
     for (const std::string& asked : {Ask(standard, name, 7), Ask(standard, name, 7, 1), Ask(standard, name, std::vector<int>{7}),
                                      Ask(style, name, 7.0), Ask(style, name, 7.0, 1), Ask(style, name, std::vector<double>{7}),
@@ -109,11 +116,17 @@ TEST_F(LocalStandard, AFreshObjectAnswersOneToEveryGetterAndTheCallerReadsTheSta
                   asked == "1 kept" || asked == "1 1 kept")
           << name << ": " << asked;
   }
-  double fromStandard = -1;
-  ASSERT_EQ(localtest::Iso()->GetValue(kLeaderGap, 1, fromStandard), S_OK);
-  EXPECT_EQ(ReadReal(standard, kLeaderGap), fromStandard);
-  ASSERT_EQ(standard->SetOverloadedValue(kLeaderGap, fromStandard + 3.0), S_OK);
-  EXPECT_EQ(ReadReal(standard, kLeaderGap), fromStandard + 3.0);
+}
+
+TEST_F(LocalStandard, ACallerReadsTheLocalValueAndOnOneTheElementsStandard) {
+  ZOLISpecObject_var view = Element("PCCMemMBDView", "view", Standard("ISO"));
+  double gap = -1, roughnessGap = -1;
+  ASSERT_EQ(localtest::Iso()->GetValue(kLeaderGap, 1, gap), S_OK);
+  ASSERT_EQ(localtest::Iso()->GetValue("Annotation.Roughness.LeaderGap", 1, roughnessGap), S_OK);
+  EXPECT_EQ(ReadReal(view, kLeaderGap), gap) << "no local standard yet";
+  ASSERT_EQ(ZOLIQelLocalStdManager_var(view)->GetLocalStandard(1)->SetOverloadedValue(kLeaderGap, gap + 3.0), S_OK);
+  EXPECT_EQ(ReadReal(view, kLeaderGap), gap + 3.0);
+  EXPECT_EQ(ReadReal(view, "Annotation.Roughness.LeaderGap"), roughnessGap);
 }
 
 TEST_F(LocalStandard, GettersAnswerOnlyTheirKindAndTheirIndex) {

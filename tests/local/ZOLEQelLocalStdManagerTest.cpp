@@ -81,21 +81,6 @@ TEST_F(LocalStdManager, AMissingLinkOrAttributeGivesNullAndAReport) {
   r.Clear();
 }
 
-TEST_F(LocalStdManager, TheFactoryHangsTheNewObjectFromTheOwnersAttribute) {
-  ZOLISpecObject_var standardObject = Standard("ISO");
-  ZOLISpecObject_var annotation = Element("DrwAnnotation", "a", standardObject);
-  ZOLQelLocalStandardFactory factory;
-  ZOLIQelLocalStandard_var local;
-  ASSERT_EQ(factory.CreateLocalStandard(standardObject, local), S_OK);
-  EXPECT_EQ(Held(standardObject, "LocalStandard"), Impl(local));
-  ASSERT_EQ(factory.CreateLocalStandard(annotation, local), S_OK);
-  EXPECT_EQ(Held(annotation, "LocalAnnStandard"), Impl(local));
-  ZOLIQelLocalStyle_var style;
-  ASSERT_EQ(factory.CreateLocalStyle(standardObject, style), S_OK);
-  EXPECT_EQ(Held(standardObject, "LocalStyle"), Impl(style));
-  EXPECT_TRUE(ZOLISpecObject_var(local)->GetName() == "");
-}
-
 TEST_F(LocalStdManager, TheFactoryFailsWithUnexpectedAndAReport) {
   ZOLISpecObject_var orphan;
   {
