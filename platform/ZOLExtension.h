@@ -2,6 +2,8 @@
 // object of that type the first time one of its interfaces is asked of the object, kept by it, and
 // found again by the same query. It shares the object's reference count, and GetImpl gives the object.
 #pragma once
+#include <initializer_list>
+
 #include "ZOLClassDictionary.h"
 #include "ZOLISpecObject.h"
 #include "ZOLTIE.h"
@@ -39,13 +41,13 @@ void* ZOLCreatorOf(ZOLBaseUnknown* object) {
   return Create(object);
 }
 
-/// Registers an extension class at load: the class, its interface and creator, and a late type it
-/// extends besides the one its meta object names (optional).
+/// Registers an extension class at load: the class, its interface and creator, and the late types it
+/// extends besides the one its meta object names (literals).
 struct ZOLExtensionRegistrar {
   ZOLExtensionRegistrar(const ZOLMetaClass* extension, const ZOLMetaClass* interfaceMeta, ZOLAttachmentCreator creator,
-                        const char* alsoExtends = nullptr) {
+                        std::initializer_list<const char*> alsoExtends = {}) {
     ZOLClassDictionary::RegisterClass(extension);
     ZOLClassDictionary::RegisterAttachment(extension, interfaceMeta, creator);
-    if (alsoExtends) ZOLClassDictionary::RegisterExtendedType(extension, alsoExtends);
+    for (const char* lateType : alsoExtends) ZOLClassDictionary::RegisterExtendedType(extension, lateType);
   }
 };

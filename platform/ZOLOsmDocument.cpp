@@ -156,11 +156,10 @@ public:
 ZOLImplementMetaObject(ZOLOsmElementWithStandard, Extension, ZOLIDftElementWithStandard::MetaObject(), "ZOLSystem",
                        nullptr, "PCCMemMBDView")
 
-ZOLExtensionRegistrar s_elementOfView(ZOLOsmElementWithStandard::MetaObject(), ZOLIDftElementWithStandard::MetaObject(),
-                                      &ZOLCreatorOf<ZOLIDftElementWithStandard, &ZOLAttachExtension<ZOLIDftElementWithStandard, ZOLOsmElementWithStandard>>,
-                                      "PCCMemVOTSheet");
-const bool s_elementOfAnnotation =
-    (ZOLClassDictionary::RegisterExtendedType(ZOLOsmElementWithStandard::MetaObject(), "DrwAnnotation"), true);
+ZOLExtensionRegistrar s_element(
+    ZOLOsmElementWithStandard::MetaObject(), ZOLIDftElementWithStandard::MetaObject(),
+    &ZOLCreatorOf<ZOLIDftElementWithStandard, &ZOLAttachExtension<ZOLIDftElementWithStandard, ZOLOsmElementWithStandard>>,
+    {"PCCMemVOTSheet", "DrwAnnotation"});
 
 // The installed catalogs that this library's startups come from.
 struct Startup {
@@ -183,11 +182,11 @@ struct ReadError {
   std::string what;
 };
 
-const Json& Member(const Json& object, const char* key, Json::value_t type, const std::string& where) {
+using JsonTest = bool (Json::*)() const noexcept;
+
+const Json& Member(const Json& object, const char* key, JsonTest is, const char* what, const std::string& where) {
   auto it = object.find(key);
-  bool fits = it != object.end() &&
-              (it->type() == type || (type == Json::value_t::number_unsigned && it->is_number_integer()));
-  if (!fits) throw ReadError{where + ": \"" + key + "\" is missing or not " + Json(type).type_name()};
+  if (it == object.end() || !((*it).*is)()) throw ReadError{where + ": \"" + key + "\" is missing or not " + what};
   return *it;
 }
 
@@ -293,31 +292,31 @@ ZOLRef<ZOLOsmDocument> ZOLOsmDocument::Read(std::string_view iText, std::string&
   try {
     const Json top = Json::parse(iText);
     if (!top.is_object()) throw ReadError{"not a JSON object"};
-    if (Member(top, "format", Json::value_t::string, "document") != kFormat)
+    if (Member(top, "format", &Json::is_string, "a string", "document") != kFormat)
       throw ReadError{std::string("document: \"format\" is not \"") + kFormat + "\""};
-    if (Member(top, "version", Json::value_t::number_unsigned, "document") != kFormatVersion)
+    if (Member(top, "version", &Json::is_number_integer, "an integer", "document") != kFormatVersion)
       throw ReadError{"document: \"version\" " + top["version"].dump() + " is not " + std::to_string(kFormatVersion)};
-    const Json& objects = Member(top, "objects", Json::value_t::array, "document");
+    const Json& objects = Member(top, "objects", &Json::is_array, "an array", "document");
     // Checked first, made next, linked last: components may name objects further on.
     for (size_t i = 0; i < objects.size(); ++i) {
       const std::string where = "objects[" + std::to_string(i) + "]";
       const Json& object = objects[i];
       if (!object.is_object()) throw ReadError{where + ": not an object"};
-      if (Member(object, "type", Json::value_t::string, where).get_ref<const std::string&>().empty())
+      if (Member(object, "type", &Json::is_string, "a string", where).get_ref<const std::string&>().empty())
         throw ReadError{where + ": \"type\" is empty"};
-      Member(object, "name", Json::value_t::string, where);
-      const Json& attributes = Member(object, "attributes", Json::value_t::array, where);
+      Member(object, "name", &Json::is_string, "a string", where);
+      const Json& attributes = Member(object, "attributes", &Json::is_array, "an array", where);
       for (size_t j = 0; j < attributes.size(); ++j) {
         const std::string at = where + ".attributes[" + std::to_string(j) + "]";
         const Json& a = attributes[j];
         if (!a.is_object()) throw ReadError{at + ": not an object"};
-        const auto& name = Member(a, "name", Json::value_t::string, at).get_ref<const std::string&>();
+        const auto& name = Member(a, "name", &Json::is_string, "a string", at).get_ref<const std::string&>();
         if (name.empty()) throw ReadError{at + ": \"name\" is empty"};
         for (size_t k = 0; k < j; ++k)
           if (attributes[k].is_object() && attributes[k]["name"] == name) throw ReadError{at + ": \"" + name + "\" is given twice"};
-        const Json& kind = Member(a, "kind", Json::value_t::number_unsigned, at);
+        const Json& kind = Member(a, "kind", &Json::is_number_integer, "an integer", at);
         if (kind == static_cast<int>(ZOLSpecAttrString)) {
-          Member(a, "text", Json::value_t::string, at);
+          Member(a, "text", &Json::is_string, "a string", at);
         } else if (kind == static_cast<int>(ZOLSpecAttrComponent)) {
           auto held = a.find("object");
           if (held == a.end() || !(held->is_null() || (held->is_number_integer() && *held >= 0 && *held < objects.size())))

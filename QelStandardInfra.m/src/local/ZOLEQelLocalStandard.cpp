@@ -34,9 +34,9 @@ namespace {
 
 constexpr const char* kAttribute = "overloadedValues";
 
-ZOLExtensionRegistrar s_localStandard(ZOLEQelLocalStandard::MetaObject(), ZOLIQelLocalStandard::MetaObject(), 
+ZOLExtensionRegistrar s_localStandard(ZOLEQelLocalStandard::MetaObject(), ZOLIQelLocalStandard::MetaObject(),
                                       &ZOLCreatorOf<ZOLIQelLocalStandard, &CreateBOAZOLIQelLocalStandardZOLEQelLocalStandard>);
-ZOLExtensionRegistrar s_localStyle(ZOLEQelLocalStyle::MetaObject(), ZOLIQelLocalStyle::MetaObject(), 
+ZOLExtensionRegistrar s_localStyle(ZOLEQelLocalStyle::MetaObject(), ZOLIQelLocalStyle::MetaObject(),
                                    &ZOLCreatorOf<ZOLIQelLocalStyle, &CreateBOAZOLIQelLocalStyleZOLEQelLocalStyle>);
 
 // The live member of each kind of value that a getter asks for.

@@ -111,7 +111,7 @@ ZOLIQelLocalStdManager* CreateBOAZOLIQelLocalStdManagerZOLEAnnLocalStdManager(ZO
 namespace {
 
 ZOLExtensionRegistrar s_viewManager(ZOLEQelLocalStdManager::MetaObject(), ZOLIQelLocalStdManager::MetaObject(),
-                                    &ZOLCreatorOf<ZOLIQelLocalStdManager, &CreateBOAZOLIQelLocalStdManagerZOLEQelLocalStdManager>, "PCCMemVOTSheet");
+                                    &ZOLCreatorOf<ZOLIQelLocalStdManager, &CreateBOAZOLIQelLocalStdManagerZOLEQelLocalStdManager>, {"PCCMemVOTSheet"});
 ZOLExtensionRegistrar s_annotationManager(ZOLEAnnLocalStdManager::MetaObject(), ZOLIQelLocalStdManager::MetaObject(),
                                           &ZOLCreatorOf<ZOLIQelLocalStdManager, &CreateBOAZOLIQelLocalStdManagerZOLEAnnLocalStdManager>);
 
