@@ -26,8 +26,8 @@ Interface* ZOLAttachExtension(ZOLBaseUnknown* object) {
   auto* found = static_cast<Interface*>(impl->FindAttachment(Interface::ClassId()));
   if (found && !dynamic_cast<Ext*>(found)) return nullptr;
   if (!found) {
-    ZOLISpecObject_var spec(impl);
-    if (spec.IsNull() || !ZOLClassDictionary::Extends(Ext::MetaObject(), spec->GetType())) return nullptr;
+    ZOLISpecObject_var modelObject(impl);
+    if (modelObject.IsNull() || !ZOLClassDictionary::Extends(Ext::MetaObject(), modelObject->GetType())) return nullptr;
     found = new Ext(impl);
     impl->AddAttachment(Interface::ClassId(), found, [](void* p) { delete static_cast<Interface*>(p); });
   }
