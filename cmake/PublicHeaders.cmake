@@ -39,17 +39,27 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/QelStdUnitDescription.h
   include/ZOLQelLocalStandardAttributes.h
   include/LocalValue.h
+  include/ZOLIQelLocalStandard.h
+  include/ZOLIQelLocalStdManager.h
+  include/ZOLIQelLocalStyle.h
+  include/ZOLQelLocalStandardFactory.h
+  include/ZOLQelLocalValueSlots.h
   include/ZOLAnnStdEngineeringSymbolsServices.h
   platform/ZOLBaseUnknown.h
   platform/ZOLClassDictionary.h
+  platform/ZOLExtension.h
   platform/ZOLFile.h
   platform/ZOLGUID.h
   platform/ZOLIDftElementWithStandard.h
   platform/ZOLIDftElementWithStyle.h
   platform/ZOLIVisProperties.h
+  platform/ZOLISpecAttrAccess.h
+  platform/ZOLISpecObject.h
   platform/ZOLIUnknownList.h
   platform/ZOLListValZOLUnicodeString.h
   platform/ZOLMetaClass.h
+  platform/ZOLOsmDocument.h
+  platform/ZOLOsmSUHandler.h
   platform/ZOLQelInstCount.h
   platform/ZOLQelVisuEventsToolbox.h
   platform/ZOLRefCounted.h

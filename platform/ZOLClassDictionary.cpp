@@ -23,6 +23,16 @@ std::vector<AttachmentEntry>& Attachments() {
   return entries;
 }
 
+struct ExtendedType {
+  const ZOLMetaClass* extension;
+  const char* lateType;
+};
+
+std::vector<ExtendedType>& ExtendedTypes() {
+  static std::vector<ExtendedType> types;
+  return types;
+}
+
 }  // namespace
 
 void ZOLClassDictionary::RegisterClass(const ZOLMetaClass* classMeta) {
@@ -46,5 +56,23 @@ ZOLAttachmentCreator ZOLClassDictionary::FindCreator(const ZOLMetaClass* impleme
   for (const ZOLMetaClass* m = implementation; m; m = m->GetBase())
     for (const auto& e : Attachments())
       if (e.implementation == m && *e.interfaceMeta->GetIID() == iid) return e.creator;
+  return nullptr;
+}
+
+void ZOLClassDictionary::RegisterExtendedType(const ZOLMetaClass* extension, const char* lateType) {
+  if (extension && lateType) ExtendedTypes().push_back({extension, lateType});
+}
+
+int ZOLClassDictionary::Extends(const ZOLMetaClass* extension, const char* lateType) {
+  if (!extension || !lateType || extension->GetKind() != ZOLMetaClass::Extension) return 0;
+  if (std::strcmp(extension->GetExtendedClassName(), lateType) == 0) return 1;
+  for (const auto& t : ExtendedTypes())
+    if (t.extension == extension && std::strcmp(t.lateType, lateType) == 0) return 1;
+  return 0;
+}
+
+ZOLAttachmentCreator ZOLClassDictionary::FindExtensionCreator(const char* lateType, const IID& iid) {
+  for (const auto& e : Attachments())
+    if (*e.interfaceMeta->GetIID() == iid && Extends(e.implementation, lateType)) return e.creator;
   return nullptr;
 }

@@ -20,6 +20,12 @@ void RegisterAttachment(const ZOLMetaClass* implementation, const ZOLMetaClass* 
                         ZOLAttachmentCreator creator);
 /// The creator of iid for the class or its nearest base that has one, or null.
 ZOLAttachmentCreator FindCreator(const ZOLMetaClass* implementation, const IID& iid);
+/// Marks an extension class as extending one more late type than the one its meta object names.
+void RegisterExtendedType(const ZOLMetaClass* extension, const char* lateType);
+/// 1 when the extension class extends the late type, by its meta object or a registration.
+int Extends(const ZOLMetaClass* extension, const char* lateType);
+/// The creator of iid of an extension of the late type, or null.
+ZOLAttachmentCreator FindExtensionCreator(const char* lateType, const IID& iid);
 
 }  // namespace ZOLClassDictionary
 
