@@ -8,21 +8,19 @@
 #include "ZOLIDftStandard.h"
 #include "ZOLIDrwStandard.h"
 #include "ZOLIQelStandard.h"
+#include "ZOLReportCountTest.h"
+#include "ZOLStandardObjectTestSupport.h"
 #include "ZOLTestReports.h"
 #include "ZOLTransientLanes.h"
 #include "standard/ZOLVotTransientStandard.h"
 
 namespace {
 
-const std::string kOpen = "<std:node xmlns:std=\"http://www.qelstandardinfra.org/std\" name=\"drafting\">";
-const std::string kClose = "</std:node>";
-
-ZOLIDrwStandard_var FromBody(const std::string& body) {
-  ZOLUnicodeString text(kOpen + body + kClose);
-  return ZOLDftStandardServices::GetStandardFromBuffer(&text, "T");
-}
-
-ZOLVotTransientStandard* Impl(ZOLIDrwStandard* s) { return dynamic_cast<ZOLVotTransientStandard*>(s->GetImpl()); }
+using qeltest::FromBody;
+using qeltest::Impl;
+using qeltest::Node;
+const std::string& kOpen = qeltest::kStdOpen;
+const std::string& kClose = qeltest::kStdClose;
 
 // "key kind value" lines of every filed value under a prefix.
 std::vector<std::string> Filed(ZOLIDrwStandard* s, const char* prefix = "") {
@@ -70,7 +68,6 @@ Got<std::vector<std::string>> Array(ZOLIDrwStandard* s, const char* path, std::v
 using Ints = std::vector<int>;
 using Lines = std::vector<std::string>;
 
-std::string Node(const std::string& name, const std::string& inner) { return "<std:node name=\"" + name + "\">" + inner + "</std:node>"; }
 std::string Int(const std::string& v) { return "<std:intval>" + v + "</std:intval>"; }
 std::string Real(const std::string& v) { return "<std:floatval>" + v + "</std:floatval>"; }
 std::string Str(const std::string& v) { return "<std:strval>" + v + "</std:strval>"; }
@@ -79,17 +76,10 @@ std::string Field(const char* tag, const std::string& name, const std::string& v
 }
 std::string Entry(const std::string& name, const std::string& fields) { return "<std:typeval name=\"" + name + "\">" + fields + "</std:typeval>"; }
 
-// A standard whose reports are captured and must all be counted by the test.
-class Transient : public testing::Test {
-protected:
-  void TearDown() override { EXPECT_EQ(r.Count(), reports) << "reports raised by the test"; }
-  ZOLTestReports r;
-  int reports = 0;
-};
-using TransientLoad = Transient;
-using TransientFindNode = Transient;
-using TransientGetters = Transient;
-using TransientObject = Transient;
+using TransientLoad = ZOLReportCountTest;
+using TransientFindNode = ZOLReportCountTest;
+using TransientGetters = ZOLReportCountTest;
+using TransientObject = ZOLReportCountTest;
 
 }  // namespace
 
@@ -463,18 +453,6 @@ TEST_F(TransientGetters, VersionComesFromTheVersionNodeAndIsKept) {
   auto s = FromBody(Node("Version", Int("230")));
   EXPECT_EQ(s->GetStdVersion(), 230);
   EXPECT_EQ(s->GetStdVersion(), 230);
-}
-
-TEST_F(TransientGetters, StyleNamesListTheStylesOfAType) {
-  auto s = FromBody(Node("Styles", Node("Dim", Node("Default", Int("1")) + Node("TED", Int("2")) + Int("3"))));
-  ZOLListValZOLUnicodeString names;
-  EXPECT_EQ(s->GetStyleNames("Dim", &names), S_OK);
-  ASSERT_EQ(names.Size(), 2);
-  EXPECT_EQ(names[2], "TED");
-  EXPECT_EQ(r.Count(), 1);  // the value among the styles
-  EXPECT_EQ(s->GetStyleNames("Curve", &names), E_UNEXPECTED);
-  EXPECT_EQ(names.Size(), 0);
-  reports = 2;
 }
 
 TEST_F(TransientGetters, StubSlotsReportAndRefuse) {
