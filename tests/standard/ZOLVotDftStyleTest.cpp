@@ -112,26 +112,22 @@ TEST_F(Styles, GetStylesListsTypeByTypeAndFiltersByType) {
 TEST_F(Styles, DefaultStyleIsDefaultUntilSetOnThatObject) {
   ZOLIDrwStandard_var s = FromBody(kSmall), other = FromBody(kSmall);
   ZOLIDftStyleManager_var m(s.Get()), o(other.Get());
-  wchar_t* name = nullptr;
-  ASSERT_EQ(m->GetDefaultStyle(L"C", &name, nullptr), S_OK);
-  EXPECT_EQ(Narrow(name), "Default");  // whether the type has one or not
-  name = nullptr;
+  // The result of the wide read and the name it gave, "<null>" for none.
+  auto defaultOf = [](ZOLIDftStyleManager* manager, const wchar_t* type, const wchar_t* context) {
+    wchar_t* name = nullptr;
+    HRESULT hr = manager->GetDefaultStyle(type, &name, context);
+    return std::pair(hr, name ? Narrow(name) : std::string("<null>"));
+  };
+  EXPECT_EQ(defaultOf(m, L"C", nullptr), std::pair(S_OK, std::string("Default")));  // whether the type has one or not
   ASSERT_EQ(m->SetDefaultStyle(L"C", L"Z", L"ctx"), S_OK);
-  ASSERT_EQ(m->GetDefaultStyle(L"C", &name, L"ctx"), S_OK);
-  EXPECT_EQ(Narrow(name), "Z");
-  name = nullptr;
-  ASSERT_EQ(o->GetDefaultStyle(L"C", &name, nullptr), S_OK);
-  EXPECT_EQ(Narrow(name), "Default");
-  name = nullptr;
-  ASSERT_EQ(m->GetDefaultStyle(L"A", &name, nullptr), S_OK);
-  EXPECT_EQ(Narrow(name), "Default");
+  EXPECT_EQ(defaultOf(m, L"C", L"ctx"), std::pair(S_OK, std::string("Z")));
+  EXPECT_EQ(defaultOf(o, L"C", nullptr), std::pair(S_OK, std::string("Default")));
+  EXPECT_EQ(defaultOf(m, L"A", nullptr), std::pair(S_OK, std::string("Default")));
   // The inner form keeps an empty name, which the wide form then refuses to give.
   ZOLUnicodeString inner;
   ASSERT_EQ(Impl(s)->SetDefaultStyle(ZOLUnicodeString("A"), ZOLUnicodeString(""), ZOLUnicodeString()), S_OK);
   EXPECT_EQ(Impl(s)->GetDefaultStyle(ZOLUnicodeString("A"), inner, ZOLUnicodeString()), E_UNEXPECTED);
-  name = nullptr;
-  EXPECT_EQ(m->GetDefaultStyle(L"A", &name, nullptr), E_UNEXPECTED);
-  EXPECT_EQ(name, nullptr);
+  EXPECT_EQ(defaultOf(m, L"A", nullptr), std::pair(E_UNEXPECTED, std::string("<null>")));
   reports = 3;
 }
 
