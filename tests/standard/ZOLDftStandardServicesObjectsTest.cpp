@@ -6,11 +6,12 @@
 
 #include "ZOLDftStandardServices.h"
 #include "ZOLScratch.h"
-#include "ZOLTestReports.h"
+#include "ZOLReportCountTest.h"
+#include "ZOLStandardObjectTestSupport.h"
 
 namespace {
 
-const std::string kOpen = "<std:node xmlns:std=\"http://www.qelstandardinfra.org/std\" name=\"drafting\">";
+const std::string& kOpen = qeltest::kStdOpen;
 
 std::string Format(const char* name, const char* width, const char* height, const char* orientation) {
   return std::string("<std:typeval name=\"Formats\"><std:strval name=\"Name\">") + name +
@@ -20,12 +21,11 @@ std::string Format(const char* name, const char* width, const char* height, cons
 }
 
 ZOLIDftStandard_var WithFormats(const std::string& formats) {
-  ZOLUnicodeString text(kOpen + "<std:node name=\"SheetFormat\">" + formats + "</std:node></std:node>");
-  return ZOLIDftStandard_var(ZOLDftStandardServices::GetStandardFromBuffer(&text, "T"));
+  return ZOLIDftStandard_var(qeltest::FromBody(qeltest::Node("SheetFormat", formats)));
 }
 
 // A working directory of its own for the default standards, with no repository.
-class DefaultStandards : public ::testing::Test {
+class DefaultStandards : public ZOLReportCountTest {
 protected:
   static void SetUpTestSuite() {
     dir = new qeltest::ScratchDir;
@@ -38,10 +38,12 @@ protected:
 };
 qeltest::ScratchDir* DefaultStandards::dir;
 
+using SheetFormats = ZOLReportCountTest;
+using StandardVersion = ZOLReportCountTest;
+
 }  // namespace
 
-TEST(SheetFormats, AllFormatsOfTheListInOrder) {
-  ZOLTestReports r;
+TEST_F(SheetFormats, AllFormatsOfTheListInOrder) {
   auto s = WithFormats(Format("A0 ISO", "1189", "841", "LandscapeByDefault") + Format("A4 ISO", "297", "210", "PortraitOnly"));
   ZOLDrwStdSheetFormat* formats = nullptr;
   int count = 0;
@@ -50,15 +52,12 @@ TEST(SheetFormats, AllFormatsOfTheListInOrder) {
   std::unique_ptr<ZOLDrwStdSheetFormat[]> owned(formats);
   EXPECT_EQ(std::tuple(formats[0].name.str(), formats[0].width, formats[1].height, formats[1].orientation),
             std::tuple("A0 ISO", 1189.0, 210.0, PortraitOnly));
-  EXPECT_EQ(r.Count(), 0);
 }
 
 // A count that is not 0 in, a null standard or output, and a standard without a format list.
-TEST(SheetFormats, BadArgumentsAreRefused) {
-  ZOLTestReports r;
+TEST_F(SheetFormats, BadArgumentsAreRefused) {
   auto s = WithFormats(Format("A0 ISO", "1189", "841", "LandscapeByDefault"));
-  ZOLUnicodeString text(kOpen + "<std:node name=\"SheetFormat\"><std:strval>x</std:strval></std:node></std:node>");
-  ZOLIDftStandard_var listless(ZOLDftStandardServices::GetStandardFromBuffer(&text, "T"));
+  ZOLIDftStandard_var listless(qeltest::FromBody(qeltest::Node("SheetFormat", "<std:strval>x</std:strval>")));
   ZOLDrwStdSheetFormat* formats = nullptr;
   int count = 1;
   EXPECT_EQ(ZOLDftStandardServices::GetSheetFormats(s, &formats, count), E_UNEXPECTED);
@@ -70,11 +69,10 @@ TEST(SheetFormats, BadArgumentsAreRefused) {
   EXPECT_EQ(r.CountContaining("ON POINTER"), 1);
   EXPECT_EQ(r.Count(), 3);
   EXPECT_EQ(ZOLDftStandardServices::GetSheetFormats(listless, &formats, count), E_UNEXPECTED);
-  EXPECT_EQ(r.Count(), 4);
+  reports = 4;
 }
 
-TEST(SheetFormats, AnUnknownOrientationFailsTheWholeList) {
-  ZOLTestReports r;
+TEST_F(SheetFormats, AnUnknownOrientationFailsTheWholeList) {
   auto s = WithFormats(Format("A0 ISO", "1189", "841", "LandscapeByDefault") + Format("Odd", "1", "2", "Sideways"));
   ZOLDrwStdSheetFormat* formats = nullptr;
   int count = 0;
@@ -82,15 +80,14 @@ TEST(SheetFormats, AnUnknownOrientationFailsTheWholeList) {
   EXPECT_EQ(formats, nullptr);
   EXPECT_EQ(count, 0);
   EXPECT_EQ(r.CountContaining("Bad imbedded standard structure"), 1);
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
   ZOLDrwStdSheetFormat one;
   EXPECT_EQ(ZOLDftStandardServices::GetFormatData(*s, 2, one), E_FAIL);
   // What was read stays.
   EXPECT_EQ(std::tuple(one.name.str(), one.height, one.orientation), std::tuple("Odd", 2.0, LandscapeByDefault));
 }
 
-TEST(StandardVersion, WithoutVersionNodeTheFileIsDecoded) {
-  ZOLTestReports r;
+TEST_F(StandardVersion, WithoutVersionNodeTheFileIsDecoded) {
   qeltest::ScratchDir dir;
   qeltest::WriteText(dir / "std.xml", "<?xml version='1.0' ?>" + kOpen +
                                            "<std:node name=\"Dimension\"><std:node name=\"ParentStandard\"><std:strval>ISO</std:strval>"
@@ -100,11 +97,9 @@ TEST(StandardVersion, WithoutVersionNodeTheFileIsDecoded) {
   ZOLDftStandardServices::GetStandardClassAndVersion(file, className, decoded);
   ASSERT_NE(decoded, -1);
   EXPECT_EQ(ZOLDftStandardServices::GetStandardFromFile(file, "V")->GetStdVersion(), decoded);
-  EXPECT_EQ(r.Count(), 0);
 }
 
 TEST_F(DefaultStandards, KeptObjectIsReturnedAgainWithoutTheFileSystem) {
-  ZOLTestReports r;
   auto first = ZOLDftStandardServices::GetOOTBStandard("JIS", 0);
   ASSERT_FALSE(first.IsNull());
   std::filesystem::remove_all(*dir / "JIS.xml");
@@ -114,11 +109,9 @@ TEST_F(DefaultStandards, KeptObjectIsReturnedAgainWithoutTheFileSystem) {
   ZOLUnicodeString parent;
   EXPECT_EQ(second->GetParentStandard(parent), S_OK);
   EXPECT_EQ(parent, "JIS");
-  EXPECT_EQ(r.Count(), 0);
 }
 
 TEST_F(DefaultStandards, AsmeLoadsTheAnsiAsmeTextUnderTheNameAsme) {
-  ZOLTestReports r;
   auto asme = ZOLDftStandardServices::GetOOTBStandard("ASME", 0);
   ASSERT_FALSE(asme.IsNull());
   ZOLUnicodeString name, parent;
@@ -127,11 +120,9 @@ TEST_F(DefaultStandards, AsmeLoadsTheAnsiAsmeTextUnderTheNameAsme) {
   EXPECT_EQ(asme->GetParentStandard(parent), S_OK);
   EXPECT_EQ(parent, "ANSI");
   EXPECT_TRUE(std::filesystem::exists(*dir / "ANSI-ASME.xml"));
-  EXPECT_EQ(r.Count(), 0);
 }
 
 TEST_F(DefaultStandards, AnsiAsmeIsLocatedButGivesNull) {
-  ZOLTestReports r;
   std::filesystem::remove_all(*dir / "ANSI-ASME.xml");
   auto none = ZOLDftStandardServices::GetOOTBStandard("ANSI-ASME", 0);
   EXPECT_TRUE(none.IsNull());
@@ -139,11 +130,10 @@ TEST_F(DefaultStandards, AnsiAsmeIsLocatedButGivesNull) {
   EXPECT_EQ(r.Count(), 0);
   EXPECT_TRUE(ZOLDftStandardServices::GetOOTBStandard("NoSuchStandard", 0).IsNull());
   EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
-  EXPECT_EQ(r.Count(), 1);
+  reports = 1;
 }
 
 TEST_F(DefaultStandards, IsoAnswersThroughEveryInterface) {
-  ZOLTestReports r;
   auto iso = ZOLDftStandardServices::GetOOTBStandard("ISO", 0);
   ASSERT_FALSE(iso.IsNull());
   double size = 0;
@@ -157,5 +147,4 @@ TEST_F(DefaultStandards, IsoAnswersThroughEveryInterface) {
   int index = 0;
   EXPECT_EQ(iso->GetThicknessIndex(0.13, &index), S_OK);
   EXPECT_EQ(index, 1);
-  EXPECT_EQ(r.Count(), 0);
 }

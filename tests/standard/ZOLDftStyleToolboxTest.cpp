@@ -13,18 +13,20 @@
 #include "ZOLIVisProperties.h"
 #include "ZOLQelVisuEventsToolbox.h"
 #include "ZOLTIE.h"
-#include "ZOLTestReports.h"
+#include "ZOLReportCountTest.h"
+#include "ZOLStandardObjectTestSupport.h"
 
 namespace {
 
-std::string N(const std::string& name, const std::string& inner) { return "<std:node name=\"" + name + "\">" + inner + "</std:node>"; }
+using qeltest::Narrow;
+
+std::string N(const std::string& name, const std::string& inner) { return qeltest::Node(name, inner); }
 std::string I(const std::string& name, const std::string& v) { return N(name, "<std:intval>" + v + "</std:intval>"); }
 std::string C(const std::string& v) { return N("Color", "<std:colorval>" + v + "</std:colorval>"); }
 std::string P(const std::string& v) { return N("PointType", "<std:enumval name=\"PointType\">" + v + "</std:enumval>"); }
 
 ZOLIDrwStandard_var Standard(bool withVersion = true) {
-  ZOLUnicodeString text(
-      "<std:node xmlns:std=\"http://www.qelstandardinfra.org/std\" name=\"drafting\">" +
+  return qeltest::FromBody(
       (withVersion ? I("Version", "280") : std::string()) +
       N("Styles",
         N("Curve", N("Default", I("Thickness", "0") + I("LineType", "8") + C("10 20 30") + P("Cross") +
@@ -32,9 +34,7 @@ ZOLIDrwStandard_var Standard(bool withVersion = true) {
                        N("Lower", I("Thickness", "5") + I("Linetype", "3") + C("1 2")) +
                        N("Negative", I("LineType", "0") + C("-1 2 3") + P("Triangle")) + N("Empty", "") +
                        N("Ints", I("Thickness", "3") + N("Color", "<std:intval>4</std:intval><std:intval>5</std:intval>"))) +
-        N("Point", N("Other", P("Smalldot") + C("0 0 255")))) +
-      "</std:node>");
-  return ZOLDftStandardServices::GetStandardFromBuffer(&text, "T");
+        N("Point", N("Other", P("Smalldot") + C("0 0 255")))));
 }
 
 ZOLIDftStyle_var StyleOf(ZOLIDrwStandard* s, const wchar_t* name, const wchar_t* type = L"Curve") {
@@ -77,13 +77,6 @@ public:
     return _impl->standardResult;
   }
 };
-
-std::string Narrow(wchar_t* w) {
-  ZOLUnicodeString s;
-  s.BuildFromWChar(w);
-  delete[] w;
-  return s.str();
-}
 
 class ElementStyle : public ZOLTIEBase<ZOLIDftElementWithStyle, Element> {
 public:
@@ -136,7 +129,7 @@ public:
   std::vector<std::string> log;
 };
 
-class StyleToolbox : public testing::Test {
+class StyleToolbox : public ZOLReportCountTest {
 protected:
   void SetUp() override {
     previous = ZOLQelVisuEventsToolbox::SetDispatcher(
@@ -149,10 +142,8 @@ protected:
   void TearDown() override {
     ZOLQelVisuEventsToolbox::SetDispatcher(previous);
     vis->Release();
-    EXPECT_EQ(r.Count(), reports) << "reports raised by the test";
+    ZOLReportCountTest::TearDown();
   }
-  ZOLTestReports r;
-  int reports = 0;
   Vis* vis = new Vis;
   HRESULT dispatchResult = S_OK;
   ZOLQelVisuEventsToolbox::Dispatcher previous;
@@ -202,20 +193,6 @@ TEST_F(StyleToolbox, GraphicValuesOfAStyleFollowTheWidthLineTypeColourAndPointRu
   EXPECT_EQ(ZOLDftStyleToolbox::GetPropertiesValueFromStyle(nullptr, nullptr, 3, 0, values), E_UNEXPECTED);
   EXPECT_EQ(Describe(values), "w- l- c0,0,255 s9");
   reports = 1;
-}
-
-TEST_F(StyleToolbox, EveryPointTypeHasItsSymbol) {
-  const char* names[] = {"Cross", "Plus", "Concentric", "Coincident", "Fullcircle", "Fullsquare", "Star", "Dot", "Smalldot"};
-  for (int i = 0; i < 9; ++i) {
-    ZOLUnicodeString text("<std:node xmlns:std=\"http://www.qelstandardinfra.org/std\" name=\"drafting\">" +
-                          N("Styles", N("Point", N("Default", P(names[i])))) + "</std:node>");
-    ZOLIDrwStandard_var s = ZOLDftStandardServices::GetStandardFromBuffer(&text, "T");
-    ZOLVisPropertiesValues values;
-    ZOLDftStyleToolbox::GetPropertiesValueFromStyle(StyleOf(s, L"Default", L"Point"), nullptr, 4, 0, values);
-    ZOLSymbolType symbol = ZOLSymbolNone;
-    EXPECT_EQ(values.GetSymbolType(symbol), 1) << names[i];
-    EXPECT_EQ(symbol, i + 1) << names[i];
-  }
 }
 
 TEST_F(StyleToolbox, SetGraphicPropertiesReadsOverlaysWritesAndDispatchesPerKindInOrder) {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <type_traits>
 #include <string>
 #include <vector>
 
@@ -9,22 +9,19 @@
 #include "ZOLIDftStyle.h"
 #include "ZOLIDftStyleManager.h"
 #include "ZOLIUnknownList.h"
-#include "ZOLTestReports.h"
+#include "ZOLReportCountTest.h"
+#include "ZOLStandardObjectTestSupport.h"
 #include "ZOLVotDftStyle.h"
-#include "standard/ZOLVotTransientStandard.h"
 
 namespace {
 
-const std::string kOpen = "<std:node xmlns:std=\"http://www.qelstandardinfra.org/std\" name=\"drafting\">";
-
-ZOLIDrwStandard_var FromBody(const std::string& body) {
-  ZOLUnicodeString text(kOpen + body + "</std:node>");
-  return ZOLDftStandardServices::GetStandardFromBuffer(&text, "T");
-}
+using qeltest::FromBody;
+using qeltest::Impl;
+using qeltest::Narrow;
 
 ZOLIDrwStandard_var Builtin(const char* name) { return ZOLDftStandardServices::GetStandardFromBuffer(ZOLDftBuiltinStandards::GetText(name), name); }
 
-std::string N(const std::string& name, const std::string& inner) { return "<std:node name=\"" + name + "\">" + inner + "</std:node>"; }
+std::string N(const std::string& name, const std::string& inner) { return qeltest::Node(name, inner); }
 
 // Styles of type A (X, Y), a nameless node, a value beside the styles of B, and C with a style Z
 // but no Default.
@@ -36,19 +33,10 @@ const std::string kSmall =
                     N("A", N("X", N("Size", "<std:floatval>2.5</std:floatval>")) + N("Y", "")) +
                     N("C", N("Z", N("Font", N("Name", "<std:strval>Mono</std:strval>")))));
 
-ZOLVotTransientStandard* Impl(ZOLIDrwStandard* s) { return dynamic_cast<ZOLVotTransientStandard*>(s->GetImpl()); }
-
 std::vector<std::string> Strings(const ZOLListValZOLUnicodeString& list) {
   std::vector<std::string> out;
   for (const ZOLUnicodeString& s : list) out.push_back(s.str());
   return out;
-}
-
-std::string Narrow(const wchar_t* text) {
-  ZOLUnicodeString s;
-  s.BuildFromWChar(text);
-  delete[] text;
-  return s.str();
 }
 
 // "type.name" of every style in a list.
@@ -69,12 +57,7 @@ std::vector<std::string> Listed(ZOLIUnknownList* list) {
   return out;
 }
 
-class Styles : public testing::Test {
-protected:
-  void TearDown() override { EXPECT_EQ(r.Count(), reports) << "reports raised by the test"; }
-  ZOLTestReports r;
-  int reports = 0;
-};
+using Styles = ZOLReportCountTest;
 
 }  // namespace
 
@@ -126,48 +109,25 @@ TEST_F(Styles, GetStylesListsTypeByTypeAndFiltersByType) {
   ++reports;
 }
 
-TEST_F(Styles, EveryBuiltinStyleIsListedOnceUnderItsType) {
-  for (const char* name : {"ISO", "ANSI-ASME", "JIS"}) {
-    ZOLIDrwStandard_var s = Builtin(name);
-    ZOLListValZOLUnicodeString types, names;
-    ASSERT_EQ(Impl(s)->GetStyleTypes(&types), S_OK);
-    std::vector<std::string> expected;
-    for (const ZOLUnicodeString& type : types) {
-      ASSERT_EQ(s->GetStyleNames(type.ConvertToChar(), &names), S_OK) << type.str();
-      EXPECT_GE(names.Size(), 1) << name << " " << type.str();
-      for (const ZOLUnicodeString& n : names) expected.push_back(type.str() + "." + n.str());
-    }
-    ZOLIDftStyleManager_var m(s.Get());
-    ZOLIUnknownList* list = nullptr;
-    ASSERT_EQ(m->GetStyles(nullptr, &list, nullptr), S_OK);
-    EXPECT_EQ(Listed(list), expected) << name;
-    list->Release();
-  }
-}
-
 TEST_F(Styles, DefaultStyleIsDefaultUntilSetOnThatObject) {
   ZOLIDrwStandard_var s = FromBody(kSmall), other = FromBody(kSmall);
   ZOLIDftStyleManager_var m(s.Get()), o(other.Get());
-  wchar_t* name = nullptr;
-  ASSERT_EQ(m->GetDefaultStyle(L"C", &name, nullptr), S_OK);
-  EXPECT_EQ(Narrow(name), "Default");  // whether the type has one or not
-  name = nullptr;
+  // The result of the wide read and the name it gave, "<null>" for none.
+  auto defaultOf = [](ZOLIDftStyleManager* manager, const wchar_t* type, const wchar_t* context) {
+    wchar_t* name = nullptr;
+    HRESULT hr = manager->GetDefaultStyle(type, &name, context);
+    return std::pair(hr, name ? Narrow(name) : std::string("<null>"));
+  };
+  EXPECT_EQ(defaultOf(m, L"C", nullptr), std::pair(S_OK, std::string("Default")));  // whether the type has one or not
   ASSERT_EQ(m->SetDefaultStyle(L"C", L"Z", L"ctx"), S_OK);
-  ASSERT_EQ(m->GetDefaultStyle(L"C", &name, L"ctx"), S_OK);
-  EXPECT_EQ(Narrow(name), "Z");
-  name = nullptr;
-  ASSERT_EQ(o->GetDefaultStyle(L"C", &name, nullptr), S_OK);
-  EXPECT_EQ(Narrow(name), "Default");
-  name = nullptr;
-  ASSERT_EQ(m->GetDefaultStyle(L"A", &name, nullptr), S_OK);
-  EXPECT_EQ(Narrow(name), "Default");
+  EXPECT_EQ(defaultOf(m, L"C", L"ctx"), std::pair(S_OK, std::string("Z")));
+  EXPECT_EQ(defaultOf(o, L"C", nullptr), std::pair(S_OK, std::string("Default")));
+  EXPECT_EQ(defaultOf(m, L"A", nullptr), std::pair(S_OK, std::string("Default")));
   // The inner form keeps an empty name, which the wide form then refuses to give.
   ZOLUnicodeString inner;
   ASSERT_EQ(Impl(s)->SetDefaultStyle(ZOLUnicodeString("A"), ZOLUnicodeString(""), ZOLUnicodeString()), S_OK);
   EXPECT_EQ(Impl(s)->GetDefaultStyle(ZOLUnicodeString("A"), inner, ZOLUnicodeString()), E_UNEXPECTED);
-  name = nullptr;
-  EXPECT_EQ(m->GetDefaultStyle(L"A", &name, nullptr), E_UNEXPECTED);
-  EXPECT_EQ(name, nullptr);
+  EXPECT_EQ(defaultOf(m, L"A", nullptr), std::pair(E_UNEXPECTED, std::string("<null>")));
   reports = 3;
 }
 
@@ -303,27 +263,31 @@ TEST_F(Styles, InitializeBindsOnceAndAnUnboundStyleAnswersNothing) {
   style->Release();
 }
 
-// Every value filed under a style reads the same through the style as through the standard at
-// its full path, in each form, on the three built-in standards.
-TEST_F(Styles, BuiltinStylesReadAsTheStandardAtTheirFullPath) {
+// Every style of the three built-in standards is listed once under its type, and every value filed
+// under it reads the same through the style as through the standard at its full path, in each form.
+TEST_F(Styles, BuiltinStylesAreListedOnceAndReadAsTheStandardAtTheirFullPath) {
   for (const char* name : {"ISO", "ANSI-ASME", "JIS"}) {
     ZOLIDrwStandard_var s = Builtin(name);
     ZOLIDftStyleManager_var m(s.Get());
-    ZOLListValZOLUnicodeString keys, kinds, values;
-    ASSERT_EQ(ZOLDftStandardServices::ListFiledValues(s, "", keys, kinds, values), S_OK);
+    ZOLListValZOLUnicodeString types, names, keys, kinds, values;
+    ASSERT_EQ(Impl(s)->GetStyleTypes(&types), S_OK);
+    std::vector<std::string> expected;
+    for (const ZOLUnicodeString& type : types) {
+      ASSERT_EQ(s->GetStyleNames(type.ConvertToChar(), &names), S_OK) << type.str();
+      EXPECT_GE(names.Size(), 1) << name << " " << type.str();
+      for (const ZOLUnicodeString& n : names) expected.push_back(type.str() + "." + n.str());
+    }
     ZOLIUnknownList* list = nullptr;
     ASSERT_EQ(m->GetStyles(nullptr, &list, nullptr), S_OK);
-    int styles = 0, reads = 0;
-    list->Count(&styles);
-    for (int k = 0; k < styles; ++k) {
+    ASSERT_EQ(Listed(list), expected) << name;
+    ASSERT_EQ(ZOLDftStandardServices::ListFiledValues(s, "", keys, kinds, values), S_OK);
+    int reads = 0;
+    for (size_t k = 0; k < expected.size(); ++k) {
       ZOLBaseUnknown* item = nullptr;
-      list->Item(k, &item);
+      list->Item(static_cast<int>(k), &item);
       ZOLIDftStyle_var style(item);
       item->Release();
-      wchar_t *type = nullptr, *sname = nullptr;
-      style->GetType(&type);
-      style->GetName(&sname);
-      const std::string prefix = Narrow(type) + "." + Narrow(sname) + ".";
+      const std::string prefix = expected[k] + ".";
       for (int i = 1; i <= keys.Size(); ++i) {
         const std::string& key = keys[i].str();
         if (key.compare(0, prefix.size(), prefix) != 0) continue;
@@ -338,22 +302,20 @@ TEST_F(Styles, BuiltinStylesReadAsTheStandardAtTheirFullPath) {
         const std::string full = prefix + path;
         SCOPED_TRACE(std::string(name) + " " + key);
         ++reads;
+        auto same = [&]<typename T>(T a, T b) {
+          ASSERT_EQ(style->GetValue(path.c_str(), index, a), S_OK);
+          ASSERT_EQ(s->GetValue(full.c_str(), index, b), S_OK);
+          EXPECT_EQ(a, b);
+          if constexpr (std::is_same_v<T, ZOLUnicodeString>) {
+            EXPECT_EQ(a.str(), values[i].str());
+          }
+        };
         if (kind == "integer") {
-          int a = -1, b = -2;
-          ASSERT_EQ(style->GetValue(path.c_str(), index, a), S_OK);
-          ASSERT_EQ(s->GetValue(full.c_str(), index, b), S_OK);
-          EXPECT_EQ(a, b);
+          same(-1, -2);
         } else if (kind == "real") {
-          double a = -1, b = -2;
-          ASSERT_EQ(style->GetValue(path.c_str(), index, a), S_OK);
-          ASSERT_EQ(s->GetValue(full.c_str(), index, b), S_OK);
-          EXPECT_EQ(a, b);
+          same(-1.0, -2.0);
         } else if (kind == "string" || kind == "enum") {
-          ZOLUnicodeString a("a"), b("b");
-          ASSERT_EQ(style->GetValue(path.c_str(), index, a), S_OK);
-          ASSERT_EQ(s->GetValue(full.c_str(), index, b), S_OK);
-          EXPECT_EQ(a.str(), b.str());
-          EXPECT_EQ(a.str(), values[i].str());
+          same(ZOLUnicodeString("a"), ZOLUnicodeString("b"));
         } else if (kind == "integers") {
           int a[64], b[64], na = -1, nb = -2;
           ASSERT_EQ(style->GetValue(path.c_str(), a, 64, &na), S_OK);

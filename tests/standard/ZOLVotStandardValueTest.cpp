@@ -9,14 +9,14 @@
 #include "ZOLIStandardObject.h"
 #include "ZOLIStandardValue.h"
 #include "ZOLListValZOLIStandardObject_var.h"
-#include "ZOLTestReports.h"
+#include "ZOLReportCountTest.h"
+#include "ZOLStandardObjectTestSupport.h"
 #include "standard/ZOLVotStandardValue.h"
 
 namespace {
 
 ZOLIDrwStandard_var Standard() {
-  ZOLUnicodeString text(
-      "<std:node xmlns:std=\"http://www.qelstandardinfra.org/std\" name=\"drafting\">"
+  return qeltest::FromBody(
       "<std:node name=\"Dimension\"><std:node name=\"ParentStandard\"><std:strval>ISO</std:strval></std:node>"
       "<std:node name=\"Gap\"><std:floatval>2.5</std:floatval></std:node>"
       "<std:node name=\"Mode\"><std:intval>4</std:intval></std:node>"
@@ -24,9 +24,7 @@ ZOLIDrwStandard_var Standard() {
       "<std:node name=\"Dash\"><std:floatval>1.5</std:floatval><std:floatval>2.5</std:floatval></std:node>"
       "<std:node name=\"Names\"><std:strval>a</std:strval><std:strval>b</std:strval></std:node></std:node>"
       "<std:node name=\"L\"><std:typeval name=\"E\"><std:intval name=\"N\">1</std:intval><std:strval name=\"S\">x</std:strval></std:typeval>"
-      "<std:typeval name=\"E\"><std:intval name=\"N\">2</std:intval><std:strval name=\"S\">y</std:strval></std:typeval></std:node>"
-      "</std:node>");
-  return ZOLDftStandardServices::GetStandardFromBuffer(&text, "T");
+      "<std:typeval name=\"E\"><std:intval name=\"N\">2</std:intval><std:strval name=\"S\">y</std:strval></std:typeval></std:node>");
 }
 
 ZOLIStandardValue_var ValueOf(ZOLIDrwStandard* s) {
@@ -35,12 +33,7 @@ ZOLIStandardValue_var ValueOf(ZOLIDrwStandard* s) {
   return ZOLIStandardValue_var::Adopt(value);
 }
 
-class StandardValue : public testing::Test {
-protected:
-  void TearDown() override { EXPECT_EQ(r.Count(), reports) << "reports raised by the test"; }
-  ZOLTestReports r;
-  int reports = 0;
-};
+using StandardValue = ZOLReportCountTest;
 
 }  // namespace
 

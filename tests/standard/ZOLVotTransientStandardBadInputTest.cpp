@@ -8,18 +8,16 @@
 #include "ZOLDftStandardServices.h"
 #include "ZOLIDrwStandard.h"
 #include "ZOLReportCountTest.h"
+#include "ZOLStandardObjectTestSupport.h"
 #include "ZOLTransientLanes.h"
 #include "standard/ZOLVotKeyMap.h"
 
 namespace {
 
-const std::string kOpen = "<std:node xmlns:std=\"http://www.qelstandardinfra.org/std\" name=\"drafting\">";
-const std::string kClose = "</std:node>";
-
-ZOLIDrwStandard_var Load(const std::string& text) {
-  ZOLUnicodeString t(text);
-  return ZOLDftStandardServices::GetStandardFromBuffer(&t, "T");
-}
+using qeltest::Impl;
+const std::string& kOpen = qeltest::kStdOpen;
+const std::string& kClose = qeltest::kStdClose;
+ZOLIDrwStandard_var Load(const std::string& text) { return qeltest::LoadText(text); }
 
 std::string Repeat(const std::string& piece, int n) {
   std::string out;
@@ -33,8 +31,6 @@ std::string Colour(int components) {
   for (int i = 0; i < components; ++i) text += (i ? " " : "") + std::to_string(i + 1);
   return "<std:node name=\"C\"><std:colorval>" + text + "</std:colorval></std:node>";
 }
-
-ZOLVotTransientStandard* Impl(ZOLIDrwStandard* s) { return dynamic_cast<ZOLVotTransientStandard*>(s->GetImpl()); }
 
 using BadInput = ZOLReportCountTest;
 
