@@ -1,6 +1,7 @@
 // Reads a standard file of any release, tells its parent and data level, and brings it up to a
 // later level through the chain of upgrade stages, saving the result to a new file.
 #pragma once
+#include <string>
 #include <vector>
 
 #include "ZOLAnnStandardXMLValue.h"
@@ -109,6 +110,9 @@ public:
   /// then builds the first tree alone and Encode runs the whole chain. Refused with a report when
   /// the reader was decoded already (the parameters are deleted all the same).
   void DecodeFlatParameters(ZOLDrwParseParameter** parameters, int count, const ZOLUnicodeString& parentStandard);
+  /// 1 when the file holds flat legacy text: not XML, and its first line that is not blank begins
+  /// with a keyword of the table. Decode reads such a file as flat parameters.
+  static bool IsFlatFile(const ZOLUnicodeString& path);
   /// Number of flat parameters held.
   int GetParameterCount() const { return static_cast<int>(_Parameters.size()); }
   /// Decodes if not done, then traces to ZOLDftStandardOutput each mandatory general parameter that
@@ -186,6 +190,9 @@ private:
   void EncodeLegacyTree();
   // Reads a flat file into the parameters and the parent; false when the file is not flat text.
   bool DecodeFlatFile();
+  enum class FileKind { TreeOrUnreadable, Flat, Neither };
+  // The kind of the file; text holds the whole file unless it is a tree or unreadable.
+  static FileKind ReadFlatFile(const ZOLUnicodeString& path, std::string& text);
 
   Outcome _Outcome;
   bool _DecodeFailed = false;

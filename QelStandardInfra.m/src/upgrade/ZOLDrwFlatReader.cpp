@@ -48,7 +48,7 @@ class Reader {
 public:
   ZOLDrwFlatText Read(std::string_view text) {
     int number = 0;
-    for (size_t start = 0; start <= text.size();) {
+    for (size_t start = 0; start < text.size();) {
       size_t end = text.find('\n', start);
       if (end == std::string_view::npos) end = text.size();
       ReadLine(++number, Trim(text.substr(start, end - start)));

@@ -85,24 +85,34 @@ void ZOLDrwParseStandard::Decode() {
     _ParentStandard = ParentFromStored(_ParentStandard, _Parser->GetValueWithPath("Root.Dimension.TXTDatumMode"));
 }
 
-bool ZOLDrwParseStandard::DecodeFlatFile() {
-  // The head tells a tree from flat text without reading a large standard twice.
+ZOLDrwParseStandard::FileKind ZOLDrwParseStandard::ReadFlatFile(const ZOLUnicodeString& path, std::string& text) {
+  // The head tells a tree from flat text without reading a large standard whole.
   char head[4096];
-  std::FILE* file = std::fopen(_FileName.ConvertToChar(), "rb");
-  if (!file) return false;
+  std::FILE* file = std::fopen(path.ConvertToChar(), "rb");
+  if (!file) return FileKind::TreeOrUnreadable;
   const size_t n = std::fread(head, 1, sizeof head, file);
   std::fclose(file);
   std::string_view start(head, n);
   if (start.substr(0, 3) == "\xEF\xBB\xBF") start.remove_prefix(3);
   const size_t first = start.find_first_not_of(" \t\r\n");
-  if (first == std::string_view::npos || start[first] == '<') return false;
+  if (first == std::string_view::npos || start[first] == '<') return FileKind::TreeOrUnreadable;
+  if (FAILED(ZOLReadFile(path.ConvertToChar(), text))) return FileKind::TreeOrUnreadable;
+  return ZOLDrwIsFlatText(text) ? FileKind::Flat : FileKind::Neither;
+}
+
+bool ZOLDrwParseStandard::IsFlatFile(const ZOLUnicodeString& path) {
   std::string text;
-  if (FAILED(ZOLReadFile(_FileName.ConvertToChar(), text))) return false;
-  if (!ZOLDrwIsFlatText(text)) {
-    // Neither a tree nor flat text: decoded as XML, which fails and says why.
+  return ReadFlatFile(path, text) == FileKind::Flat;
+}
+
+bool ZOLDrwParseStandard::DecodeFlatFile() {
+  std::string text;
+  const FileKind kind = ReadFlatFile(_FileName, text);
+  if (kind == FileKind::Neither) {
+    // Decoded as XML, which fails and says why.
     _FlatFaults.push_back({FlatFault::NotFlatText, 0, "neither XML nor flat text; decoded as XML"});
-    return false;
   }
+  if (kind != FileKind::Flat) return false;
   ZOLDrwFlatText flat = ZOLDrwReadFlatText(text);
   _FlatFaults = std::move(flat.faults);
   for (const FlatFault& fault : _FlatFaults) ZOLAssertMessage(fault.message.ConvertToChar());
