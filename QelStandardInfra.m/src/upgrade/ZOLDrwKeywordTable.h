@@ -4,6 +4,8 @@
 #include <span>
 #include <string_view>
 
+class ZOLTrace;
+
 struct ZOLDrwKeywordRow {
   const char* keyword;
   // Null where the tree name is the keyword itself.
@@ -26,3 +28,6 @@ inline constexpr int kZOLDrwFirstNumericalRow = 140;
 // The 0-based row of the first keyword (or tree name) equal to word; -1 for none or an empty word.
 int ZOLDrwKeywordIndex(std::string_view word);
 int ZOLDrwParamIndex(std::string_view word);
+
+// The trace ZOLDftStandardOutput, where Check writes.
+ZOLTrace& ZOLDrwStandardOutputTrace();

@@ -15,8 +15,6 @@
 
 namespace {
 
-ZOLTrace g_output("ZOLDftStandardOutput");
-
 // A member of a record type: its name, its value element, and its text.
 struct Member {
   const char* name;
@@ -208,6 +206,11 @@ void AppendEscaped(ZOLUnicodeString& out, std::string_view text) {
 }
 
 }  // namespace
+
+ZOLTrace& ZOLDrwStandardOutputTrace() {
+  static ZOLTrace trace("ZOLDftStandardOutput");
+  return trace;
+}
 
 void ZOLDrwParseParameter::Encode(ZOLUnicodeString& out) {
   const int row = ZOLDrwKeywordIndex(_Keyword);
@@ -403,10 +406,11 @@ int ZOLDrwParseStandard::GetMissingParameters(ZOLListValZOLUnicodeString& missin
 }
 
 void ZOLDrwParseStandard::Check() {
-  ZOLQelTraAutoInOutAndIndent scope(g_output, "ZOLDrwParseStandard::Check");
+  ZOLTrace& output = ZOLDrwStandardOutputTrace();
+  ZOLQelTraAutoInOutAndIndent scope(output, "ZOLDrwParseStandard::Check");
   ZOLListValZOLUnicodeString missing;
   const int count = GetMissingParameters(missing);
   for (int i = 1; i <= missing.Size(); ++i)
-    g_output.TraPrint("%sError: Parameter %s not valuated in Standard file\n", scope.Indent(), missing[i].ConvertToChar());
-  g_output.TraPrint("%sResult: %d missing parameters in standard file\n", scope.Indent(), count);
+    output.TraPrint("%sError: Parameter %s not valuated in Standard file\n", scope.Indent(), missing[i].ConvertToChar());
+  output.TraPrint("%sResult: %d missing parameters in standard file\n", scope.Indent(), count);
 }
