@@ -84,7 +84,7 @@ public:
       /// A word that is no keyword of the table; the line is skipped.
       UnknownKeyword,
       /// No value, an unquoted value with blanks, a quote not closed or text behind it, a control
-      /// character, or text behind a block keyword; the line is skipped.
+      /// character or bytes that are no UTF-8 text, or text behind a block keyword; the line is skipped.
       BadValue,
       /// A block keyword out of order, or a parameter outside the block it belongs to; skipped.
       Misplaced,

@@ -48,8 +48,9 @@ TEST_F(FlatFile, ReaderKeepsWhatItCanAndNamesEveryFault) {
       {"\xEF\xBB\xBF  ParentStandard\tISO \r\nDIMLTail 2.0\r\n", "ParentStandard=ISO|DIMLTail=2.0", ""},
       {P + "CUMLOriginSymbol \"a \"\"b\"\" c\"\nNDSepar_1 \" \"\n", "ParentStandard=JIS|CUMLOriginSymbol=a \"b\" c", "Misplaced@3"},
       {P + "BEGIN_COMMENT_BLOCK\nDIMLFoo 1\nanything at all\nEND_COMMENT_BLOCK\nDIMLTail 1.0", "ParentStandard=JIS|DIMLTail=1.0", ""},
-      {P + "DIMLFoo 1\nDIMLTail 2.0 mm\nDIMLTextGap\nTXTDatumMode \"1\" x\nCUMLTxtAngle \"open\nDIMLFrameGap a\x01", "ParentStandard=JIS",
-       "UnknownKeyword@2,BadValue@3,BadValue@4,BadValue@5,BadValue@6,BadValue@7"},
+      {P + "DIMLFoo 1\nDIMLTail 2.0 mm\nDIMLTextGap\nTXTDatumMode \"1\" x\nCUMLTxtAngle \"open\nDIMLFrameGap a\x01\n"
+               "DIMLTail \xC3(\nDIMLTextGap \xEF\xBF\xBE\nCUMLOriginSymbol \xC3\xB8",
+       "ParentStandard=JIS|CUMLOriginSymbol=\xC3\xB8", "UnknownKeyword@2,BadValue@3,BadValue@4,BadValue@5,BadValue@6,BadValue@7,BadValue@8,BadValue@9"},
       {P + "BEGIN_TOLERANCE\nTolType 2\nTolName T1\nEND_TOLERANCE\nBEGIN_NUMERICAL_DISPLAY\nNDName N1\nNDUnit 2\nEND_NUMERICAL_DISPLAY",
        "ParentStandard=JIS|TolType=2@TOLERANCE/T1|TolName=T1@TOLERANCE/T1|NDName=N1@NUMERICAL_DISPLAY/N1|NDUnit=2@NUMERICAL_DISPLAY/N1", ""},
       {P + "TolType 2\nBEGIN_TOLERANCE\nTolName T\nDIMLTail 1.0\nNDUnit 2\nEND_NUMERICAL_DISPLAY\nEND_TOLERANCE x\nEND_TOLERANCE",

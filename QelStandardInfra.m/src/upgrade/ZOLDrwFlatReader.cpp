@@ -18,6 +18,30 @@ std::string_view Trim(std::string_view s) {
   return s.substr(first, s.find_last_not_of(" \t\r") - first + 1);
 }
 
+// Well-formed UTF-8 of characters that XML allows: the value goes into the tree's text as it stands.
+bool IsXmlText(std::string_view s) {
+  for (size_t i = 0; i < s.size();) {
+    const auto byte = [&](size_t k) { return static_cast<unsigned char>(s[k]); };
+    const unsigned char c = byte(i);
+    if (c < 0x80) {
+      ++i;
+      continue;
+    }
+    const int length = c >= 0xF0 ? 4 : c >= 0xE0 ? 3 : c >= 0xC2 ? 2 : 0;
+    if (length == 0 || c > 0xF4 || i + length > s.size()) return false;
+    unsigned code = c & (0x7F >> length);
+    for (int k = 1; k < length; ++k) {
+      if ((byte(i + k) & 0xC0) != 0x80) return false;
+      code = (code << 6) | (byte(i + k) & 0x3F);
+    }
+    const unsigned least[] = {0, 0, 0x80, 0x800, 0x10000};
+    if (code < least[length] || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF) || code == 0xFFFE || code == 0xFFFF)
+      return false;
+    i += length;
+  }
+  return true;
+}
+
 std::string_view SkipBom(std::string_view text) { return text.substr(0, 3) == "\xEF\xBB\xBF" ? text.substr(3) : text; }
 
 // Where a keyword may stand.
@@ -123,6 +147,7 @@ private:
     for (char c : rest)
       if ((static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F)
         return AddFault(Fault::BadValue, number, what + ": control character in the value"), false;
+    if (!IsXmlText(rest)) return AddFault(Fault::BadValue, number, what + ": the value is no UTF-8 text"), false;
     if (rest[0] != '"') {
       if (rest.find_first_of(kBlanks) != std::string_view::npos)
         return AddFault(Fault::BadValue, number, what + ": a value with blanks must stand in double quotes"), false;
