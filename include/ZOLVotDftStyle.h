@@ -7,6 +7,8 @@
 #include "ZOLIDrwStandard.h"
 #include "ZOLUnicodeString.h"
 
+class ZOLVotTransientStandard;
+
 class ZOLVotDftStyle : public ZOLIDftStyle {
 public:
   /// An unbound style (reads fail until Initialize); its creator holds the first reference.
@@ -39,10 +41,14 @@ public:
   HRESULT GetValue(const char* iPath, ZOLUnicodeString** oValues, int iCapacity, int* oCount) override;
 
 private:
-  // "type.name." followed by iPath, in a buffer kept across reads so that a read allocates nothing.
-  const char* FullPath(const char* iPath);
+  // Reads at "type.name." followed by iPath, built in a buffer kept across reads so that a read
+  // allocates nothing; iNone without a standard.
+  template <class R, class Read>
+  R Forward(const char* iPath, R iNone, Read read);
 
   ZOLIDrwStandard* _Standard = nullptr;
+  // The standard object behind _Standard when it is this library's own, else null.
+  ZOLVotTransientStandard* _Transient = nullptr;
   ZOLUnicodeString _Name;
   ZOLUnicodeString _Type;
   std::string _Path;

@@ -8,7 +8,6 @@
 #include <sys/time.h>
 #include <vector>
 
-#include "ZOLAnnStandardXMLParser.h"
 #include "ZOLScratch.h"
 
 namespace qeltest {
@@ -53,15 +52,6 @@ inline void SetModified(const std::string& path, long seconds) {
   struct timeval times[2] = {{seconds, 0}, {seconds, 0}};
   ASSERT_EQ(utimes(path.c_str(), times), 0) << path;
 }
-
-/// 1 when the codec of this build reads standard texts.
-inline bool CodecReads() {
-  ZOLAnnStandardXMLParser p;
-  return p.DecodeXML("<std:node xmlns:std=\"http://www.qelstandardinfra.org/std\" name=\"drafting\"/>", 0) == 0;
-}
-
-#define QELSTD_REQUIRE_CODEC() \
-  if (!qeltest::CodecReads()) GTEST_SKIP() << "the XML codec of this build reads nothing yet"
 
 /// The text of a standard file: the document element around body.
 inline std::string Standard(const std::string& body) {

@@ -28,9 +28,11 @@ private:
   std::string _path;
 };
 
-inline void WriteText(const std::string& path, const std::string& text) {
+/// Writes text to path, making its directories; gives the path back.
+inline std::string WriteText(const std::string& path, const std::string& text) {
   std::filesystem::create_directories(std::filesystem::path(path).parent_path());
   std::ofstream(path, std::ios::binary) << text;
+  return path;
 }
 
 inline std::string ReadText(const std::string& path) {

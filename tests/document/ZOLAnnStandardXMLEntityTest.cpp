@@ -2,19 +2,15 @@
 // a document that declares entities, and both go by namespace, not by prefix.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <string>
-#include <unistd.h>
 
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLDftStdNamespace.h"
 #include "ZOLReportCountTest.h"
+#include "ZOLScratch.h"
 #include "ZOLXMLDOM.h"
 #include "document/ZOLAnnStandardXMLParserDOMCodec.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -26,12 +22,6 @@ std::string Amplifier(size_t size, int count) {
   for (int i = 0; i < count; ++i) refs += "&e;";
   return "<?xml version=\"1.0\"?>\n<!DOCTYPE std:node [<!ENTITY e \"" + std::string(size, 'x') + "\">]>\n<std:node xmlns:std=\"" +
          kNs + "\" name=\"drafting\"><std:node name=\"" + refs + "\"><std:intval>1</std:intval></std:node></std:node>";
-}
-
-std::string WriteTemp(const std::string& name, const std::string& text) {
-  std::string path = (fs::temp_directory_path() / ("zolentity_" + std::to_string(::getpid()) + "_" + name)).string();
-  std::ofstream(path, std::ios::binary) << text;
-  return path;
 }
 
 // What the codec's trace said while decoding source.
@@ -52,7 +42,9 @@ class StandardEntities : public ZOLReportCountTest {};
 
 TEST_F(StandardEntities, AmplifierIsRefusedByTheCodecAndTheStandardObjectWithTheEntitysName) {
   const std::string text = Amplifier(1024, 1000);
-  const std::string path = WriteTemp("amplifier.xml", text);
+  qeltest::ScratchDir dir;
+  const std::string path = dir / "amplifier.xml";
+  qeltest::WriteText(path, text);
   const std::string message = ZOLXMLEntityDeclaredMessage("e");
   for (int isFile : {1, 0}) {
     ZOLAnnStandardXMLParser p;
@@ -70,7 +62,6 @@ TEST_F(StandardEntities, AmplifierIsRefusedByTheCodecAndTheStandardObjectWithThe
   EXPECT_TRUE(fromText);
   reports = 2;
   EXPECT_EQ(r.CountContaining("Load of the standard failed"), 2);
-  fs::remove(path);
 }
 
 TEST_F(StandardEntities, PredefinedEntitiesAndCharacterReferencesStillRead) {
@@ -103,8 +94,9 @@ TEST_F(StandardEntities, TheCodecGoesByNamespaceNotByPrefix) {
       {"<q:node xmlns:q=" + ns + " xmlns:std=\"urn:other/std\" name=\"drafting\"><std:node name=\"A\"><std:intval>1</std:intval>"
        "</std:node><q:node name=\"B\"><q:intval>2</q:intval></q:node></q:node>",
        0, "B"},
-      // Another document element of the dialect.
+      // Another document element of the dialect, or one of no namespace.
       {"<std:typeval xmlns:std=" + ns + " name=\"drafting\"/>", 1, ""},
+      {"<node name=\"drafting\"/>", 1, ""},
   };
   int refused = 0;
   for (const Case& c : cases) {

@@ -6,16 +6,15 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <sstream>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDftStandardServices.h"
+#include "ZOLEditLines.h"
 #include "ZOLReportCountTest.h"
+#include "ZOLScratch.h"
 #include "ZOLXMLDOM.h"
 
 namespace fs = std::filesystem;
@@ -47,25 +46,9 @@ std::string Save(ZOLAnnStandardXMLParser& p) {
   return text.str();
 }
 
-std::string ReadAll(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream s;
-  s << in.rdbuf();
-  return s.str();
-}
-
-std::string TempPath(const std::string& name) {
-  return (fs::temp_directory_path() / ("zolunrep_" + std::to_string(::getpid()) + "_" + name)).string();
-}
-
 // A small standard: a parameter A of text "old", and below P a record R and two namesakes Q.
 void Build(ZOLAnnStandardXMLParser& p) {
-  ASSERT_EQ(p.AddValueWithPath("Root:A:string:old", 1), 0);
-  ASSERT_EQ(p.AddNodeWithPath("Root:P", 0), 0);
-  ASSERT_EQ(p.AddNodeWithPath("Root.P:R", 1), 0);
-  ASSERT_EQ(p.AddValueWithPath("Root.P.R:F:int:1", 1), 0);
-  ASSERT_EQ(p.AddNodeWithPath("Root.P:Q", 0), 0);
-  ASSERT_EQ(p.AddNodeWithPath("Root.P:Q", 0), 0);
+  ZOLEditLines(p, {"V Root:A:string:old", "N Root:P", "T Root.P:R", "V Root.P.R:F:int:1", "N Root.P:Q", "N Root.P:Q"});
 }
 
 class Unrepresentable : public ZOLReportCountTest {};
@@ -112,14 +95,12 @@ TEST_F(Unrepresentable, WhatIsAcceptedReadsBackExactlyThroughBothReaders) {
       {"a megabyte of escapes", std::string(500'000, '"') + std::string(500'000, '&')},
   };
   for (const Text& t : good) {
+    SCOPED_TRACE(t.what);
     ZOLAnnStandardXMLParser p;
-    ASSERT_EQ(p.AddValueWithPath("Root:Value:string:x", 1), 0) << t.what;
-    ASSERT_EQ(p.ChangeValueWithPath("Root.Value:" + t.text), 0) << t.what;
-    ASSERT_EQ(p.AddNodeWithPath("Root:P", 0), 0) << t.what;
-    ASSERT_EQ(p.AddNodeWithPath("Root.P:R", 1), 0) << t.what;
-    ASSERT_EQ(p.AddValueWithPath("Root.P.R:" + t.text + ":string:" + t.text, 1), 0) << t.what;
-    ASSERT_EQ(p.AddNodeWithPath("Root:" + t.text, 0), 0) << t.what;
-    std::string path = TempPath("good.xml");
+    ZOLEditLines(p, {"V Root:Value:string:x", "C Root.Value:" + t.text, "N Root:P", "T Root.P:R",
+                     "V Root.P.R:" + t.text + ":string:" + t.text, "N Root:" + t.text});
+    qeltest::ScratchDir dir;
+    const std::string path = dir / "good.xml";
     ASSERT_EQ(p.SaveInFile(path), S_OK) << t.what;
 
     ZOLAnnStandardXMLParser again;
@@ -134,7 +115,6 @@ TEST_F(Unrepresentable, WhatIsAcceptedReadsBackExactlyThroughBothReaders) {
     ZOLUnicodeString value;
     EXPECT_EQ(s->GetValue("Value", 1, value), S_OK) << t.what;
     EXPECT_TRUE(value.str() == t.text) << t.what;
-    fs::remove(path);
   }
 }
 
@@ -150,66 +130,56 @@ TEST_F(Unrepresentable, SaveRefusesATreeThatGotSuchTextAnotherWayAndLeavesTheOld
          p.Root()->SubNodes()[1]->SubNodes()[0]->AddValue(v.get(), -1);
        }},
   };
-  const std::string path = TempPath("old.xml");
+  qeltest::ScratchDir dir;
+  const std::string path = dir / "old.xml";
   int expected = 0;
   for (const Text& bad : BadTexts()) {
     for (const auto& [what, spoil] : spoils) {
       ZOLAnnStandardXMLParser p;
       Build(p);
       spoil(p, bad.text);
-      std::ofstream(path) << "old content";
+      qeltest::WriteText(path, "old content");
       EXPECT_EQ(p.SaveInFile(path), E_FAIL) << what << ", " << bad.what;
-      EXPECT_EQ(ReadAll(path), "old content") << what << ", " << bad.what;
+      EXPECT_EQ(qeltest::ReadText(path), "old content") << what << ", " << bad.what;
       ++expected;
     }
   }
   reports = expected;
   EXPECT_EQ(r.CountContaining("Invalid node"), expected);
-  int leftovers = 0;
-  for (auto& e : fs::directory_iterator(fs::temp_directory_path()))
-    leftovers += e.path().filename().string().rfind("zolunrep_" + std::to_string(::getpid()) + "_old.xml.tmp", 0) == 0;
-  EXPECT_EQ(leftovers, 0);
-  fs::remove(path);
+  EXPECT_EQ(std::distance(fs::directory_iterator(dir.Path()), fs::directory_iterator()), 1) << "a temporary was left";
 }
 
 
 TEST_F(Unrepresentable, SaveRefusesATreeOfAShapeTheDecoderWouldNotGiveBack) {
-  struct Edit {
-    const char* what;
-    int kind;  // 0 node, 1 record, 2 value, 3 value in the direct form
-    const char* text;
+  const std::vector<std::pair<const char*, std::vector<std::string>>> trees = {
+      {"a record at the top", {"T Root:R"}},
+      {"a node without a name", {"N Root:"}},
+      {"an empty enumeration", {"N Enum:E"}},
+      {"an empty record type", {"N TypeDef:T"}},
+      {"a node in an enumeration", {"N Enum:E", "V Enum.E::string:a", "N Enum.E:X"}},
+      {"an integer in an enumeration", {"N Enum:E", "V Enum.E::int:1"}},
+      {"a field without a name", {"N TypeDef:T", "V TypeDef.T::int:1"}},
+      {"a colour in a record type", {"N TypeDef:T", "V TypeDef.T:C:color:1 2 3"}},
+      {"a named parameter value", {"N Root:A", "L Root.A:N:int:1"}},
+      {"an enumerated value without its enumeration", {"N Root:A", "L Root.A::enum.YesNo:Yes"}},
+      {"a bound without its text", {"N Root:A", "L Root.A::float.m:1.0"}},
+      {"an unnamed field of a record", {"N Root:A", "T Root.A:R", "L Root.A.R::int:1"}},
+      {"a bound on a field of a record", {"N Root:A", "T Root.A:R", "L Root.A.R:F:float.m.0.0:1"}},
   };
-  const std::vector<std::vector<Edit>> trees = {
-      {{"a record at the top", 1, "Root:R"}},
-      {{"a node without a name", 0, "Root:"}},
-      {{"an empty enumeration", 0, "Enum:E"}},
-      {{"an empty record type", 0, "TypeDef:T"}},
-      {{"", 0, "Enum:E"}, {"", 2, "Enum.E::string:a"}, {"a node in an enumeration", 0, "Enum.E:X"}},
-      {{"", 0, "Enum:E"}, {"an integer in an enumeration", 2, "Enum.E::int:1"}},
-      {{"", 0, "TypeDef:T"}, {"a field without a name", 2, "TypeDef.T::int:1"}},
-      {{"", 0, "TypeDef:T"}, {"a colour in a record type", 2, "TypeDef.T:C:color:1 2 3"}},
-      {{"", 0, "Root:A"}, {"a named parameter value", 3, "Root.A:N:int:1"}},
-      {{"", 0, "Root:A"}, {"an enumerated value without its enumeration", 3, "Root.A::enum.YesNo:Yes"}},
-      {{"", 0, "Root:A"}, {"a bound without its text", 3, "Root.A::float.m:1.0"}},
-      {{"", 0, "Root:A"}, {"", 1, "Root.A:R"}, {"an unnamed field of a record", 3, "Root.A.R::int:1"}},
-      {{"", 0, "Root:A"}, {"", 1, "Root.A:R"}, {"a bound on a field of a record", 3, "Root.A.R:F:float.m.0.0:1"}},
-  };
-  const std::string path = TempPath("shape.xml");
+  qeltest::ScratchDir dir;
+  const std::string path = dir / "shape.xml";
   int refused = 0;
-  for (const auto& edits : trees) {
+  for (const auto& [what, edits] : trees) {
     ZOLAnnStandardXMLParser p;
-    for (const Edit& e : edits) {
-      int result = e.kind <= 1 ? p.AddNodeWithPath(e.text, e.kind) : p.AddValueWithPath(e.text, e.kind == 3 ? -1 : 1);
-      ASSERT_EQ(result, 0) << e.text;
-    }
-    std::ofstream(path) << "old content";
-    EXPECT_EQ(p.SaveInFile(path), E_FAIL) << edits.back().what;
-    EXPECT_EQ(ReadAll(path), "old content") << edits.back().what;
+    ZOLEditLines(p, edits);
+    qeltest::WriteText(path, "old content");
+    EXPECT_EQ(p.SaveInFile(path), E_FAIL) << what;
+    EXPECT_EQ(qeltest::ReadText(path), "old content") << what;
     ++refused;
   }
   // A record type placed inside a node would be read back under the TypeDef root.
   ZOLAnnStandardXMLParser p;
-  ASSERT_EQ(p.AddNodeWithPath("Root:A", 0), 0);
+  ZOLEditLines(p, {"N Root:A"});
   auto def = ZOLRef<ZOLAnnStandardXMLNode>::Adopt(new ZOLAnnStandardXMLNode(ZOLAnnStandardXMLNode::TypeDefNode, "T"));
   auto field = ZOLRef<ZOLAnnStandardXMLValue>::Adopt(new ZOLAnnStandardXMLValue(ZOLAnnStandardXMLValue::IntValue, "1", "F", 0));
   def->AddValue(field.get(), -1);
@@ -218,15 +188,12 @@ TEST_F(Unrepresentable, SaveRefusesATreeOfAShapeTheDecoderWouldNotGiveBack) {
   ++refused;
   // The same shapes where the dialect has them are written and read back.
   ZOLAnnStandardXMLParser good;
-  for (const char* e : {"Enum:E", "TypeDef:T", "Root:A"}) ASSERT_EQ(good.AddNodeWithPath(e, 0), 0);
-  ASSERT_EQ(good.AddNodeWithPath("Root.A:R", 1), 0);
-  for (const char* e : {"Enum.E::string:a", "TypeDef.T:F:int:1", "Root.A:B:float.m.0.0:1", "Root.A:Y:enum.E:a", "Root.A.R:F:int:1"})
-    ASSERT_EQ(good.AddValueWithPath(e, 1), 0) << e;
+  ZOLEditLines(good, {"N Enum:E", "N TypeDef:T", "N Root:A", "T Root.A:R", "V Enum.E::string:a", "V TypeDef.T:F:int:1",
+                      "V Root.A:B:float.m.0.0:1", "V Root.A:Y:enum.E:a", "V Root.A.R:F:int:1"});
   ASSERT_EQ(good.SaveInFile(path), S_OK);
   ZOLAnnStandardXMLParser again;
   ASSERT_EQ(again.DecodeXML(ZOLUnicodeString(path), 1), 0);
   EXPECT_EQ(Save(again), Save(good));
   reports = refused;
   EXPECT_EQ(r.CountContaining("Invalid node"), refused);
-  fs::remove(path);
 }

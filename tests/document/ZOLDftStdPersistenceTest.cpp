@@ -4,6 +4,7 @@
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDftStdPersistence.h"
 #include "document/ZOLDftStdPersistenceSelfCheck.h"
+#include "ZOLEditLines.h"
 #include "ZOLReportCountTest.h"
 
 using P = ZOLDftStdPersistence;
@@ -15,18 +16,6 @@ protected:
   ZOLAnnStandardXMLParser doc;
 };
 class Dating : public Registry {};
-
-void Build(ZOLAnnStandardXMLParser& doc, std::initializer_list<const char*> paths) {
-  for (const char* p : paths) ASSERT_EQ(doc.AddNodeWithPath(p, 0), 0) << p;
-}
-
-// Every reference node of releases 10 to 18 that says "newer".
-void BuildRelease18(ZOLAnnStandardXMLParser& doc) {
-  Build(doc, {"Root:Annotation", "Root:Styles", "Root:Dimension", "Root.Dimension:CurvilinearLengthSymbol",
-              "Root:General", "Root.Styles:DimensionsSystem", "Root:ViewsSet", "Root.Annotation:Roughness",
-              "Root.Annotation.Roughness:ExtensionLine", "Root.Annotation.Roughness.ExtensionLine:GapToSurf",
-              "Root:EngineeringSymbols", "Root.Annotation:BlankBackground"});
-}
 
 }  // namespace
 
@@ -68,64 +57,54 @@ TEST_F(Registry, SelfCheckReportsEachFaultOfATable) {
   reports = 3;
 }
 
-TEST_F(Dating, UndatedDocumentIsDatedByTheFirstMissingReferenceNode) {
-  EXPECT_EQ(doc.GetVersion(), 1);
-  Build(doc, {"Root:Styles"});  // a later node does not help without Annotation
-  EXPECT_EQ(doc.GetVersion(), 1);
-  ZOLAnnStandardXMLParser annotated;
-  Build(annotated, {"Root:Annotation"});
-  EXPECT_EQ(annotated.GetVersion(), 2);
-  Build(doc, {"Root:Annotation"});
-  EXPECT_EQ(doc.GetVersion(), 30);
-  Build(doc, {"Root:Dimension", "Root.Dimension:CurvilinearLengthSymbol", "Root:General",
-              "Root.General:DefaultToleranceFormat"});
-  EXPECT_EQ(doc.GetVersion(), 40);  // the removed node is still there: older than release 13
-  EXPECT_EQ(doc.DeleteNodeWithPath("Root.General.DefaultToleranceFormat"), 0);
-  EXPECT_EQ(doc.GetVersion(), 50);
-}
-
-TEST_F(Dating, UndatedDocumentHoldingAllReferenceNodesIsOfVersion100) {
-  BuildRelease18(doc);
-  EXPECT_EQ(doc.GetVersion(), 100);
-  EXPECT_EQ(doc.DeleteNodeWithPath("Root.Annotation.BlankBackground"), 0);
-  EXPECT_EQ(doc.GetVersion(), 90);
-}
-
-TEST_F(Dating, ExplicitVersionNodeWins) {
-  ASSERT_EQ(doc.AddValueWithPath("Root:Version:int:290", 1), 0);
-  EXPECT_EQ(doc.GetVersion(), 290);
-  EXPECT_EQ(doc.ChangeValueWithPath("Root.Version:110"), 0);
-  EXPECT_EQ(doc.GetVersion(), 110);
-}
-
-TEST_F(Dating, ExplicitVersionNotAcceptedGivesMinusOneWithReports) {
-  BuildRelease18(doc);
-  ASSERT_EQ(doc.AddValueWithPath("Root:Version:int:100", 1), 0);
-  EXPECT_EQ(doc.GetVersion(), -1);
-  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 2);  // the number, then GetVersion
-  EXPECT_EQ(r.Count(), 2);
-  r.Clear();
-  for (const char* edit : {"Root.Version:295", "Root.Version:v290"}) {
-    EXPECT_EQ(doc.ChangeValueWithPath(edit), 0);
-    EXPECT_EQ(doc.GetVersion(), -1) << edit;
+// Each case: edit lines on a new document, the version it is dated by, and the reports dating raises.
+TEST_F(Dating, ByTheVersionNodeOrElseTheFirstMissingReferenceNode) {
+  // Every reference node of releases 10 to 18 that says "newer".
+  const std::vector<std::string> r18 = {"N Root:Annotation", "N Root:Styles", "N Root:Dimension",
+                                        "N Root.Dimension:CurvilinearLengthSymbol", "N Root:General",
+                                        "N Root.Styles:DimensionsSystem", "N Root:ViewsSet", "N Root.Annotation:Roughness",
+                                        "N Root.Annotation.Roughness:ExtensionLine",
+                                        "N Root.Annotation.Roughness.ExtensionLine:GapToSurf", "N Root:EngineeringSymbols",
+                                        "N Root.Annotation:BlankBackground"};
+  // The removed node is still there: older than release 13.
+  const std::vector<std::string> r12 = {"N Root:Styles", "N Root:Annotation", "N Root:Dimension",
+                                        "N Root.Dimension:CurvilinearLengthSymbol", "N Root:General",
+                                        "N Root.General:DefaultToleranceFormat"};
+  auto plus = [](std::vector<std::string> lines, std::initializer_list<std::string> more) {
+    lines.insert(lines.end(), more);
+    return lines;
+  };
+  struct Case {
+    std::vector<std::string> lines;
+    int version, reports;
+  };
+  const Case cases[] = {
+      {{}, 1, 0},
+      {{"N Root:Styles"}, 1, 0},  // a later node does not help without Annotation
+      {{"N Root:Annotation"}, 2, 0},
+      {{"N Root:Styles", "N Root:Annotation"}, 30, 0},
+      {r12, 40, 0},
+      {plus(r12, {"D Root.General.DefaultToleranceFormat"}), 50, 0},
+      {r18, 100, 0},
+      {plus(r18, {"D Root.Annotation.BlankBackground"}), 90, 0},
+      {{"V Root:Version:int:290"}, 290, 0},
+      {{"V Root:Version:int:290", "C Root.Version:110"}, 110, 0},
+      // Not accepted: the number, then GetVersion.
+      {plus(r18, {"V Root:Version:int:100"}), -1, 2},
+      {plus(r18, {"V Root:Version:int:100", "C Root.Version:295"}), -1, 2},
+      {plus(r18, {"V Root:Version:int:100", "C Root.Version:v290"}), -1, 2},
+      // Malformed: a report per breach (a record, values, sub-nodes, not an integer), then GetVersion.
+      {{"V Root:Version:float:290"}, -1, 2},
+      {{"V Root:Version:float:290", "T Root.Version:Sub"}, -1, 3},
+      {{"T Root:Version", "V Root.Version:V:int:290", "V Root.Version:W:int:290"}, -1, 3},
+  };
+  for (const Case& c : cases) {
+    ZOLAnnStandardXMLParser dated;
+    ZOLEditLines(dated, c.lines);
+    EXPECT_EQ(r.Count(), 0) << "the edits report nothing";
+    EXPECT_EQ(dated.GetVersion(), c.version) << testing::PrintToString(c.lines);
+    EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), c.reports) << testing::PrintToString(c.lines);
+    EXPECT_EQ(r.Count(), c.reports) << testing::PrintToString(c.lines);
+    r.Clear();
   }
-  reports = 4;
-}
-
-TEST_F(Dating, MalformedVersionNodeGivesMinusOneWithAReportPerBreach) {
-  ASSERT_EQ(doc.AddValueWithPath("Root:Version:float:290", 1), 0);
-  EXPECT_EQ(doc.GetVersion(), -1);
-  EXPECT_EQ(r.Count(), 2);  // not an integer, then GetVersion
-  r.Clear();
-  ASSERT_EQ(doc.AddNodeWithPath("Root.Version:Sub", 1), 0);
-  EXPECT_EQ(doc.GetVersion(), -1);
-  EXPECT_EQ(r.Count(), 3);  // a sub-node, not an integer, then GetVersion
-  r.Clear();
-  ZOLAnnStandardXMLParser record;
-  ASSERT_EQ(record.AddNodeWithPath("Root:Version", 1), 0);
-  ASSERT_EQ(record.AddValueWithPath("Root.Version:V:int:290", 1), 0);
-  ASSERT_EQ(record.AddValueWithPath("Root.Version:W:int:290", 1), 0);
-  EXPECT_EQ(record.GetVersion(), -1);
-  EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 3);
-  reports = 3;  // a record, two values, then GetVersion
 }

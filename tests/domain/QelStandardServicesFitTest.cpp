@@ -47,8 +47,10 @@ void ExpectCases(const std::vector<Case>& cases) {
 // No query, hit or miss, raises a report.
 class NumericalTolerance : public ZOLReportCountTest {};
 
-// The first range, the range of 18 to 30 mm and the last range of every class.
-TEST_F(NumericalTolerance, FirstMiddleAndLastRangeOfEveryClass) {
+// The first range, the range of 18 to 30 mm and the last range of every class; every class at one
+// size; above 500 mm the grades follow the second tolerance factor, and IT9 above 1250 mm is where
+// copied tables go wrong.
+TEST_F(NumericalTolerance, ValuesOfISO286) {
   ExpectCases({
       {2, "H6", 0.006, 0}, {25, "H6", 0.013, 0}, {3000, "H6", 0.135, 0},
       {2, "h6", 0, -0.006}, {25, "h6", 0, -0.013}, {3000, "h6", 0, -0.135},
@@ -61,14 +63,13 @@ TEST_F(NumericalTolerance, FirstMiddleAndLastRangeOfEveryClass) {
       {2, "f7", -0.006, -0.016}, {25, "f7", -0.020, -0.041}, {390, "f7", -0.062, -0.119},
       {2, "g6", -0.002, -0.008}, {25, "g6", -0.007, -0.020}, {390, "g6", -0.018, -0.054},
       {2, "P7", -0.006, -0.016}, {25, "P7", -0.014, -0.035}, {390, "P7", -0.041, -0.098},
+      {240, "H6", 0.029, 0}, {240, "h6", 0, -0.029}, {240, "H7", 0.046, 0}, {240, "h7", 0, -0.046},
+      {240, "H8", 0.072, 0}, {240, "h8", 0, -0.072}, {240, "H9", 0.115, 0}, {240, "F7", 0.096, 0.050},
+      {240, "f7", -0.050, -0.096}, {240, "g6", -0.015, -0.044}, {240, "P7", -0.033, -0.079},
+      {230, "F7", 0.096, 0.050}, {5, "H9", 0.030, 0},
+      {600, "H6", 0.044, 0}, {700, "H6", 0.050, 0}, {900, "h6", 0, -0.056}, {1100, "H7", 0.105, 0},
+      {1500, "H8", 0.195, 0}, {1300, "H9", 0.310, 0}, {1700, "H9", 0.370, 0}, {2100, "H9", 0.440, 0},
   });
-}
-
-TEST_F(NumericalTolerance, EveryClassAtOneSize) {
-  ExpectCases({{240, "H6", 0.029, 0}, {240, "h6", 0, -0.029}, {240, "H7", 0.046, 0}, {240, "h7", 0, -0.046},
-               {240, "H8", 0.072, 0}, {240, "h8", 0, -0.072}, {240, "H9", 0.115, 0}, {240, "F7", 0.096, 0.050},
-               {240, "f7", -0.050, -0.096}, {240, "g6", -0.015, -0.044}, {240, "P7", -0.033, -0.079},
-               {230, "F7", 0.096, 0.050}, {5, "H9", 0.030, 0}});
 }
 
 // A size on a bound belongs to the range below it; the width of H7 is IT7 of ISO 286-1.
@@ -95,13 +96,6 @@ TEST_F(NumericalTolerance, SizeOnABoundBelongsToTheLowerRange) {
     }
   }
   ExpectCases({{3.0000001, "H7", 0.012, 0}, {0.5, "H7", 0.010, 0}, {3150, "H7", 0.210, 0}});
-}
-
-// Above 500 mm the grades follow the second tolerance factor; IT9 above 1250 mm is where copied
-// tables go wrong.
-TEST_F(NumericalTolerance, LargeSizes) {
-  ExpectCases({{600, "H6", 0.044, 0}, {700, "H6", 0.050, 0}, {900, "h6", 0, -0.056}, {1100, "H7", 0.105, 0},
-               {1500, "H8", 0.195, 0}, {1300, "H9", 0.310, 0}, {1700, "H9", 0.370, 0}, {2100, "H9", 0.440, 0}});
 }
 
 // A shaft class mirrors its hole class of the same letter and grade, everywhere both reach.

@@ -87,8 +87,6 @@ TEST(AdmissionLists, EveryCallerSharesOneMapOfEachKind) {
   EXPECT_EQ(a.get(), b.get());
   EXPECT_EQ(c.get(), d.get());
   EXPECT_NE(a.get(), c.get());
-  EXPECT_EQ(a->size(), 66u);
-  EXPECT_EQ(c->size(), 114u);
   for (auto& [path, ordinal] : *a) EXPECT_EQ(c->count(path), 0u) << path << " stands in both lists";
 }
 

@@ -11,7 +11,6 @@
 #include <fstream>
 #include <functional>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -20,6 +19,7 @@
 #include <vector>
 
 #include "ZOLFile.h"
+#include "ZOLScratch.h"
 #include "ZOLStdServices.h"
 #include "ZOLXMLDOM.h"
 
@@ -27,14 +27,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string Read(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream s;
-  s << in.rdbuf();
-  return s.str();
-}
-
-void Write(const std::string& path, const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
+using qeltest::ReadText;
+using qeltest::WriteText;
 
 mode_t ModeOf(const std::string& path) {
   struct stat info {};
@@ -96,7 +90,7 @@ const std::vector<Writer> kWriters = {
      }},
     {"CopyStandard",
      [](const std::string& tag) {
-       Write(Repository() + "/drafting/Copied.xml", "copied " + tag);
+       WriteText(Repository() + "/drafting/Copied.xml", "copied " + tag);
        return "copied " + tag;
      },
      [](const std::string& path, const std::string&) {
@@ -146,14 +140,14 @@ protected:
 
 TEST_P(AtomicWrite, ThroughALinkTheTargetGetsTheBytesAndTheLinkStays) {
   const Writer& w = W();
-  Write(dir + "/real.xml", "old");
+  WriteText(dir + "/real.xml", "old");
   fs::create_directories(dir + "/links");
   fs::create_symlink("../real.xml", dir + "/links/link.xml");
   fs::create_symlink("link.xml", dir + "/links/chain.xml");
   std::string bytes;
   for (const char* via : {"/links/link.xml", "/links/chain.xml"}) {
     ASSERT_EQ(Put(dir + via, via, bytes), S_OK) << w.name << " " << via;
-    EXPECT_EQ(Read(dir + "/real.xml"), bytes) << w.name;
+    EXPECT_EQ(ReadText(dir + "/real.xml"), bytes) << w.name;
     EXPECT_TRUE(fs::is_symlink(dir + "/links/link.xml")) << w.name;
     EXPECT_EQ(fs::read_symlink(dir + "/links/link.xml"), "../real.xml") << w.name;
     EXPECT_TRUE(fs::is_symlink(dir + "/links/chain.xml")) << w.name;
@@ -164,7 +158,7 @@ TEST_P(AtomicWrite, ThroughALinkTheTargetGetsTheBytesAndTheLinkStays) {
   // A dangling link makes its target; a loop of links is refused.
   fs::create_symlink("made.xml", dir + "/dangling.xml");
   ASSERT_EQ(Put(dir + "/dangling.xml", "dangling", bytes), S_OK) << w.name;
-  EXPECT_EQ(Read(dir + "/made.xml"), bytes) << w.name;
+  EXPECT_EQ(ReadText(dir + "/made.xml"), bytes) << w.name;
   EXPECT_TRUE(fs::is_symlink(dir + "/dangling.xml")) << w.name;
   fs::create_symlink("loop2.xml", dir + "/loop1.xml");
   fs::create_symlink("loop1.xml", dir + "/loop2.xml");
@@ -176,11 +170,11 @@ TEST_P(AtomicWrite, ExistingFileKeepsItsModeAndNewFileGetsTheUmasksMode) {
   const Writer& w = W();
   std::string bytes;
   for (mode_t mode : {0640, 0604, 0600, 0664}) {
-    Write(dir + "/kept.xml", "old");
+    WriteText(dir + "/kept.xml", "old");
     fs::permissions(dir + "/kept.xml", static_cast<fs::perms>(mode));
     ASSERT_EQ(Put(dir + "/kept.xml", std::to_string(mode), bytes), S_OK) << w.name;
     EXPECT_EQ(ModeOf(dir + "/kept.xml"), mode) << w.name;
-    EXPECT_EQ(Read(dir + "/kept.xml"), bytes) << w.name;
+    EXPECT_EQ(ReadText(dir + "/kept.xml"), bytes) << w.name;
   }
   mode_t previous = ::umask(027);
   HRESULT hr = Put(dir + "/new.xml", "new", bytes);
@@ -192,7 +186,7 @@ TEST_P(AtomicWrite, ExistingFileKeepsItsModeAndNewFileGetsTheUmasksMode) {
 
 TEST_P(AtomicWrite, AFailedWriteLeavesTheOldFileAndNoTemporary) {
   const Writer& w = W();
-  Write(dir + "/old.xml", "old content");
+  WriteText(dir + "/old.xml", "old content");
   fs::create_directories(dir + "/adir");
   std::string bytes;
   EXPECT_EQ(Put(dir + "/adir", "dir", bytes), E_FAIL) << w.name;
@@ -212,13 +206,13 @@ TEST_P(AtomicWrite, AFailedWriteLeavesTheOldFileAndNoTemporary) {
   ::setrlimit(RLIMIT_FSIZE, &saved);
   std::signal(SIGXFSZ, previous);
   EXPECT_EQ(hr, E_FAIL) << w.name;
-  EXPECT_EQ(Read(dir + "/old.xml"), "old content") << w.name;
+  EXPECT_EQ(ReadText(dir + "/old.xml"), "old content") << w.name;
 
   if (::geteuid() != 0) {
     fs::permissions(dir, fs::perms::owner_read | fs::perms::owner_exec);
     EXPECT_EQ(Put(dir + "/old.xml", "read-only", bytes), E_FAIL) << w.name;
     fs::permissions(dir, fs::perms::owner_all);
-    EXPECT_EQ(Read(dir + "/old.xml"), "old content") << w.name;
+    EXPECT_EQ(ReadText(dir + "/old.xml"), "old content") << w.name;
   }
   EXPECT_EQ(Others(dir, {"old.xml", "adir", "repo"}), std::vector<std::string>()) << w.name;
 }
@@ -227,8 +221,7 @@ INSTANTIATE_TEST_SUITE_P(EveryWriter, AtomicWrite, testing::Range(0, 4),
                          [](const testing::TestParamInfo<int>& info) { return std::string(kWriters[info.param].name); });
 
 TEST(AtomicWriteUmask, IsNeverChangedWhileAnotherThreadWatches) {
-  std::string dir = (fs::temp_directory_path() / ("zolumask_" + std::to_string(::getpid()))).string();
-  fs::create_directories(dir);
+  qeltest::ScratchDir dir;
   mode_t previous = ::umask(027);
   std::atomic<bool> done{false};
   std::atomic<int> reads{0}, changed{0};
@@ -240,7 +233,7 @@ TEST(AtomicWriteUmask, IsNeverChangedWhileAnotherThreadWatches) {
     }
   });
   for (int i = 0; i < 300; ++i) {
-    std::string path = dir + "/f" + std::to_string(i % 3) + ".xml";
+    std::string path = dir / ("f" + std::to_string(i % 3) + ".xml");
     if (i % 2) fs::remove(path);  // new files too, whose mode comes from the umask
     ASSERT_EQ(ZOLWriteFileAtomically(path.c_str(), "x"), S_OK);
   }
@@ -249,5 +242,4 @@ TEST(AtomicWriteUmask, IsNeverChangedWhileAnotherThreadWatches) {
   ::umask(previous);
   EXPECT_GT(reads.load(), 0);
   EXPECT_EQ(changed.load(), 0);
-  fs::remove_all(dir);
 }

@@ -3,9 +3,7 @@
 #include <clocale>
 #include <cstdio>
 
-#include "ZOLFile.h"
 #include "ZOLListValZOLUnicodeString.h"
-#include "ZOLScratch.h"
 #include "ZOLTestReports.h"
 #include "ZOLUnicodeString.h"
 
@@ -96,15 +94,4 @@ TEST(AssertionReport, DevelopmentModeAlsoPrintsAndGoesToAbendLog) {
   ZOLSysLogSetHook(std::move(previous));
   EXPECT_TRUE(abend);
   EXPECT_NE(out.find(">> ASSERTION FAILED BOOL IS FALSE: "), std::string::npos);
-}
-
-TEST(Files, AtomicWriteReplacesWholeAndFailsCleanlyInMissingDirectory) {
-  qeltest::ScratchDir dir;
-  ASSERT_EQ(ZOLWriteFileAtomically((dir / "x.txt").c_str(), "first"), S_OK);
-  ASSERT_EQ(ZOLWriteFileAtomically((dir / "x.txt").c_str(), "second"), S_OK);
-  std::string back;
-  ASSERT_EQ(ZOLReadFile((dir / "x.txt").c_str(), back), S_OK);
-  EXPECT_EQ(back, "second");
-  EXPECT_EQ(ZOLWriteFileAtomically("/nonexistent-dir/x.xml", "x"), E_FAIL);
-  EXPECT_EQ(ZOLReadFile("/nonexistent-dir/x.xml", back), E_FAIL);
 }

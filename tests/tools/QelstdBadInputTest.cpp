@@ -2,9 +2,7 @@
 // on standard error and exit status 1, never with an abort.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
@@ -13,6 +11,7 @@
 #include <vector>
 
 #include "QelstdRun.h"
+#include "ZOLScratch.h"
 
 namespace fs = std::filesystem;
 
@@ -20,27 +19,8 @@ namespace {
 
 constexpr const char* kStd = "http://www.qelstandardinfra.org/std";
 
-class Scratch {
-public:
-  Scratch() {
-    std::string pattern = (fs::temp_directory_path() / "qelstd-bad-XXXXXX").string();
-    _path = mkdtemp(pattern.data()) ? pattern : std::string();
-  }
-  ~Scratch() {
-    std::error_code ec;
-    fs::remove_all(_path, ec);
-  }
-  std::string operator/(const std::string& name) const { return _path + "/" + name; }
-  const std::string& Path() const { return _path; }
-
-private:
-  std::string _path;
-};
-
-std::string Write(const std::string& path, const std::string& text) {
-  std::ofstream(path, std::ios::binary) << text;
-  return path;
-}
+using Scratch = qeltest::ScratchDir;
+using qeltest::WriteText;
 
 // A small standard: level 290, parent ISO, a real, an enum and the colour of the default curve style.
 std::string StandardText(const std::string& colour = "1 2 3") {
@@ -65,8 +45,8 @@ QelstdRun ErrorsOf(const std::string& args, const std::string& prefix = "") {
 TEST(QelstdOutput, EveryVerbTellsAFailedWriteToStandardOutputAndExitsOne) {
   QELSTD_REQUIRE_BINARY();
   Scratch dir;
-  const std::string standard = Quoted(Write(dir / "Std.xml", StandardText()));
-  const std::string edits = Quoted(Write(dir / "a.edits", "node Root:a\n"));
+  const std::string standard = Quoted(WriteText(dir / "Std.xml", StandardText()));
+  const std::string edits = Quoted(WriteText(dir / "a.edits", "node Root:a\n"));
   const std::string env = "env -u ZOLCollectionStandard -u ZOLDefaultCollectionStandard ADL_ODT_OUT=" + Quoted(dir.Path());
   const std::vector<std::string> verbs = {
       "builtin ISO",        "get " + standard + " Dimension.Gap", "get " + standard + " Dimension.Gap --json",
@@ -90,8 +70,8 @@ TEST(QelstdOutput, EveryVerbTellsAFailedWriteToStandardOutputAndExitsOne) {
 TEST(QelstdInput, FilesThatAreNoReadableRegularFileAreRefusedWithTheReason) {
   QELSTD_REQUIRE_BINARY();
   Scratch dir;
-  const std::string edits = Write(dir / "a.edits", "node Root:a\n");
-  const std::string file = Write(dir / "plain", "x");
+  const std::string edits = WriteText(dir / "a.edits", "node Root:a\n");
+  const std::string file = WriteText(dir / "plain", "x");
   fs::create_directory(dir / "folder");
   ASSERT_EQ(mkfifo((dir / "fifo").c_str(), 0600), 0);
   fs::create_symlink(dir / "loop", dir / "loop");
@@ -106,7 +86,7 @@ TEST(QelstdInput, FilesThatAreNoReadableRegularFileAreRefusedWithTheReason) {
                                {dir / "loop", "Too many levels of symbolic links"},
                                {file + "/std.xml", "Not a directory"}};
   if (geteuid() != 0) {
-    Write(dir / "locked.xml", StandardText());
+    WriteText(dir / "locked.xml", StandardText());
     fs::permissions(dir / "locked.xml", fs::perms::none);
     inputs.push_back({dir / "locked.xml", "Permission denied"});
   }
@@ -126,18 +106,18 @@ TEST(QelstdInput, FilesThatAreNoReadableRegularFileAreRefusedWithTheReason) {
 TEST(QelstdInput, FileThatIsNoStandardIsRefusedWithTheParsersReason) {
   QELSTD_REQUIRE_BINARY();
   Scratch dir;
-  const std::string garbage = Write(dir / "garbage.xml", "garbage\n");
+  const std::string garbage = WriteText(dir / "garbage.xml", "garbage\n");
   const std::string why = "qelstd: " + garbage + ": does not decode as a standard: not well-formed XML: line 1: ";
   for (std::string_view verb : {"info ", "check ", "upgrade ", "get ", "apply --in "}) {
     std::string args = std::string(verb) + Quoted(garbage);
     if (verb == "get ") args += " Dimension.Gap";
-    if (verb == "apply --in ") args += " " + Quoted(Write(dir / "a.edits", "node Root:a\n"));
+    if (verb == "apply --in ") args += " " + Quoted(WriteText(dir / "a.edits", "node Root:a\n"));
     QelstdRun run = ErrorsOf(args);
     EXPECT_EQ(run.status, 1) << args;
     EXPECT_NE(run.out.find(why), std::string::npos) << args << ": " << run.out;
   }
   // Well-formed, but not of the dialect: info no longer tells a level for it.
-  const std::string other = Write(dir / "other.xml", "<book><title>x</title></book>");
+  const std::string other = WriteText(dir / "other.xml", "<book><title>x</title></book>");
   QelstdRun run = ErrorsOf("info " + Quoted(other));
   EXPECT_EQ(run.status, 1);
   EXPECT_NE(run.out.find("qelstd: " + other + ": does not decode as a standard: not a standard of the std dialect"),
@@ -153,7 +133,7 @@ TEST(QelstdInput, MalformedColourEndsTheVerbWithAMessageNotAnAbort) {
     const char* why;
   };
   for (const Case& c : {Case{"1 x 3", "invalid stoi argument"}, Case{"1 2 99999999999", "stoi argument out of range"}}) {
-    const std::string file = Write(dir / "Colour.xml", StandardText(c.colour));
+    const std::string file = WriteText(dir / "Colour.xml", StandardText(c.colour));
     const std::string expected = "qelstd: " + file + ": cannot be read: a value is malformed (" + c.why + ")\n";
     for (const std::string& args : {"get " + Quoted(file) + " Curve.Default.Color", "get " + Quoted(file) + " Dimension.Gap",
                                    "show " + Quoted(file), "show --json " + Quoted(file) + " Curve"}) {
@@ -169,12 +149,11 @@ TEST(QelstdInput, CompareNamesTheWorkingCopyWhoseColourIsMalformed) {
   Scratch dir;
   const std::string env = "env -u ZOLCollectionStandard -u ZOLDefaultCollectionStandard ADL_ODT_OUT=" + Quoted(dir.Path());
   ASSERT_EQ(RunQelstd("builtin ISO -o " + Quoted(dir / "ISO.xml")).status, 0);
-  std::ifstream in(dir / "ISO.xml");
-  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  std::string text = qeltest::ReadText(dir / "ISO.xml");
   const size_t colour = text.find("<std:colorval>");
   ASSERT_NE(colour, std::string::npos);
   text.replace(colour + 14, text.find('<', colour + 14) - colour - 14, "1 2 99999999999");
-  Write(dir / "ISO.xml", text);
+  WriteText(dir / "ISO.xml", text);
   QelstdRun run = ErrorsOf("compare", env);
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "qelstd: " + (dir / "ISO.xml") + ": cannot be read: a value is malformed (stoi argument out of range)\n");
@@ -183,7 +162,7 @@ TEST(QelstdInput, CompareNamesTheWorkingCopyWhoseColourIsMalformed) {
 TEST(QelstdJson, NamesThatAreNoUtf8AreReplacedNotFatal) {
   QELSTD_REQUIRE_BINARY();
   Scratch dir;
-  const std::string file = Write(dir / "\xff\xfe.xml", StandardText());
+  const std::string file = WriteText(dir / "\xff\xfe.xml", StandardText());
   const std::string shown = dir / "\xef\xbf\xbd\xef\xbf\xbd.xml";
   for (const std::string& args : {"get --json " + Quoted(file) + " Dimension.Gap", "info --json " + Quoted(file),
                                  "check --json " + Quoted(file), "sheets --json " + Quoted(file)}) {
@@ -204,7 +183,7 @@ TEST(QelstdInput, MemoryRunningOutEndsTheVerbWithAMessageNotAnAbort) {
   Scratch dir;
   std::string text;
   for (int i = 0; i < 1000000; ++i) text += "node Root:a\n";
-  const std::string edits = Write(dir / "many.edits", text);
+  const std::string edits = WriteText(dir / "many.edits", text);
   // A million nodes take some 300 MB; the tool gets 200 MB of address space.
   QelstdRun run = RunQelstd("apply " + Quoted(edits) + " 2>&1 >/dev/null", "ulimit -v 200000;");
   EXPECT_EQ(run.status, 1);

@@ -3,6 +3,7 @@
 #pragma once
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <map>
 #include <span>
 #include <string>
@@ -13,6 +14,7 @@
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDrwParseStandard.h"
 #include "ZOLEditLines.h"
+#include "ZOLReportCountTest.h"
 
 namespace qeltest {
 
@@ -222,5 +224,25 @@ inline void RunStep(const Parent& parent, bool option, int from, int to, std::sp
     EXPECT_EQ(Probe(decoded, row.probe), row.after) << run << ": " << row.probe;
   }
 }
+
+/// The probe of a field of the n-th symbol row; kept for the life of the test program.
+inline const char* SymbolRow(int n, const char* field) {
+  static std::deque<std::string> probes;
+  return probes.emplace_back("Root.EngineeringSymbols.EngineeringSymbol{" + std::to_string(n) + "}@" + field).c_str();
+}
+
+/// Runs one stage for each parent and both settings of the option; no run raises a report.
+class StepTest : public ZOLReportCountTest {
+protected:
+  void Check(int from, int to, std::span<const Expect> rows, const std::vector<std::string>& setup = {}) {
+    for (const Parent& parent : kParents)
+      for (bool option : {false, true}) {
+        r.Clear();
+        RunStep(parent, option, from, to, rows, setup);
+        EXPECT_EQ(r.Count(), 0) << parent.name << " " << option << ": " << (r.Count() ? r.Lines()[0] : "");
+      }
+    r.Clear();
+  }
+};
 
 }  // namespace qeltest

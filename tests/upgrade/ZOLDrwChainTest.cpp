@@ -1,4 +1,4 @@
-// A release 9 standard through the whole chain to level 210, for each parent and both settings of
+// A release 9 standard through the whole chain to level 290, for each parent and both settings of
 // the option: telling values of every step at once, a saved text that does not change from run to run, a parent that the releases
 // did not know, the style builders that later releases call, and the upgrade as a user runs it.
 #include <gtest/gtest.h>
@@ -10,6 +10,8 @@
 #include "ZOLChainTestSupport.h"
 #include "ZOLReportCountTest.h"
 #include "ZOLScratch.h"
+#include "ZOLDftStandardServices.h"
+#include "ZOLIDrwStandard.h"
 #include "upgrade/migration/ZOLDrwStyleBuilders.h"
 
 namespace {
@@ -46,12 +48,15 @@ void CheckLineFont(ZOLAnnStandardXMLParser& decoded, const char* parent) {
 
 }  // namespace
 
-TEST_F(Chain, Release9StandardReachesLevel210WithEveryStepsMark) {
+// One Encode takes a release 9 file of each parent to the current level: the file decodes, holds
+// no undefined enumerated value, loads as a standard object that answers from every release, and
+// a second run writes the same bytes.
+TEST_F(Chain, Release9FileReachesLevel290InOneEncodeWithEveryStepsMark) {
   const Expect rows[] = {
-      {"version", nullptr, "210"},
+      {"version", nullptr, "290"},
       {"Root>", nullptr,
        "Styles,General,DressUp,Dimension,Annotation,ToleranceFormats,ValueFormats,View,Frames,LineThickness,Patterns,"
-       "LineTypes,SheetFormat,ViewsSet,EngineeringSymbols,Version"},
+       "LineTypes,SheetFormat,ViewsSet,EngineeringSymbols,StandardMode,Version"},
       // stage 2
       {"Root.Frames.FrameDef{3}@Name", nullptr, "Circle"},
       {"Root.Annotation.Text.LeaderGap", nullptr, "2.0", AA},
@@ -96,10 +101,10 @@ TEST_F(Chain, Release9StandardReachesLevel210WithEveryStepsMark) {
       {"Root.Styles.Text>", nullptr, "Default,ViewText", ALL, WITH},
       // levels 130 and 140
       {"Root.Styles.DatumTarget.Default>", nullptr,
-       "Diameter,OrientationReference,Angle,AnchorPoint,Display,Font,Graphic,Leader,SizeSpecifier,Movable"},
-      {"Enum.WeldingSymbol[24]", nullptr, "InclinedJointEdgeWelding", IJ},
+       "Diameter,OrientationReference,Angle,AnchorPoint,Display,Font,Graphic,Leader,SizeSpecifier,Movable,WitnessLine"},
+      {"Enum.WeldingSymbol[24]", nullptr, "InclinedJointEdgeWelding", IJ, WITHOUT},
       // levels 150 and 160
-      {"Root.Styles.BillOfMaterial.Default.Properties.BomProperties{6}@Name", nullptr, "Weight", ALL, WITH},
+      {"Root.Styles.BillOfMaterial.Default.Properties.BomProperties{5}@Name", nullptr, "Material", ALL, WITH},
       {"Root.Styles.BillOfMaterial", nullptr, kAbsent, ALL, WITHOUT},
       {"Root.ToleranceFormats.ToleranceDisplay@TolDispFact", nullptr, "1.0"},
       // level 170
@@ -107,8 +112,8 @@ TEST_F(Chain, Release9StandardReachesLevel210WithEveryStepsMark) {
       {"Root.Patterns.dotting/", nullptr, "2", ALL, WITH},
       {"Root.Patterns.hatching.hatchings{7}@Position", nullptr, "7"},
       // levels 180 and 190: the symbol tables of ISO and JIS with the option, and of the rest
-      {"Root.EngineeringSymbols/", nullptr, "71", IJ, WITH},
-      {"Root.EngineeringSymbols/", nullptr, "61", AA, WITH},
+      {"Root.EngineeringSymbols/", nullptr, "172", IJ, WITH},
+      {"Root.EngineeringSymbols/", nullptr, "165", AA, WITH},
       {"Root.EngineeringSymbols/", nullptr, "41", ALL, WITHOUT},
       {"Root.EngineeringSymbols.EngineeringSymbol{50}@ToleranceValue", nullptr, "Yes", IJ, WITH},
       {"Root.EngineeringSymbols.EngineeringSymbol{41}@Notes", nullptr, "Yes", ALL, WITHOUT},
@@ -118,16 +123,57 @@ TEST_F(Chain, Release9StandardReachesLevel210WithEveryStepsMark) {
       {"Root.Annotation.Tolerance.AuxiliaryFeatureIndicators.IntersectionPlane", nullptr, "No", AA},
       {"Root.Styles.Text.Default.Text.Frame>", nullptr, "FrameName,Fill,FillColor,HorizontalMargin,VerticalMargin"},
       {"Root.Styles.Balloon.Default.Text.Frame.FillColor", nullptr, "255 255 255"},
+      // levels 220 to 240
+      {"Root.Annotation.Welding.FlagParameter.Parameter3", nullptr, "0.8"},
+      {"Root.Patterns.vector.vector{3}@Name", nullptr, "Honeycomb_1"},
+      {"Root.Styles.IndicatorEdge.Default.Text>", nullptr,
+       "AnchorPoint,AnchorLine,Blanking,OrientationReference,Angle,LineSpacing"},
+      {"Enum.WeldingSymbol[26]", nullptr, "MeltThruWelding", IJ, WITH},
+      {"Root.Annotation.Roughness.Layout.SecondRequirement", nullptr, "Not Authorized", AA, WITH},
+      {"Root.EngineeringSymbols.EngineeringSymbol{117}@Name", nullptr, "<DynamicProfile>", AA, WITH},
+      // levels 250 to 290
+      {"Root.DressUp.Symbols.Jog", nullptr, kAbsent},
+      {"Root.Dimension.Slope.Contour", nullptr, "Open"},
+      {"Root.ValueFormats.NumericalDisplay{7}@NDSepar_3", nullptr, "\xC2\xB0"},
+      {"Root.ToleranceFormats.ToleranceDisplay{24}@Name", nullptr, "TOL_1.1"},
+      {"Root.Styles.DistanceLengthDimension>", nullptr, "Default,TED", IJ},
+      {"Root.Styles.DistanceLengthDimension>", nullptr, "Default,BasicDimension", AA},
+      {"Root.Styles.CurvilinearLengthDimension^", nullptr, "6"},
+      {"Root.Styles.TransitionSurface.Default.WitnessLine.Linetype", nullptr, "3"},
+      {"Enum.RoughnessType[3]", nullptr, "Line", ISO},
+      {"Root.Annotation.Roughness.SymbolType.Rough_Line", nullptr, "Authorized", IJ},
+      {"Root.EngineeringSymbols.EngineeringSymbol{85}@Charcode", nullptr, "61965", IJ, WITH},
   };
+  // What a standard object answers, by its own paths.
+  const Expect answers[] = {
+      {"Dimension.Jog.Height", nullptr, "10"},
+      {"StandardMode", nullptr, "Default"},
+      {"Patterns.vector.Name", nullptr, "Grass_1"},
+      {"Annotation.Roughness.SymbolType.Rough_Basic", nullptr, "Authorized", AA},
+      {"EngineeringSymbols.Name", nullptr, "<MinimaxFeat>", IJ, WITH},
+      {"View.ViewText.Scale.ScaleString", nullptr, " (#SCALE_ATTR#)", IJ},
+  };
+  const int answerIndex[] = {1, 1, 2, 1, 72, 1};
+  qeltest::ScratchDir dir;
   for (const qeltest::Parent& parent : qeltest::kParents) {
+    ZOLAnnStandardXMLParser source;
+    ZOLEditLines(source, qeltest::Release9Lines(parent.name));
+    const std::string input = dir / (std::string(parent.name) + ".xml");
+    ASSERT_EQ(source.SaveInFile(ZOLUnicodeString(input)), S_OK);
     for (bool option : {false, true}) {
       const std::string run = std::string(parent.name) + (option ? " with" : " without") + " the option";
-      std::string first;
+      std::string first, written;
       for (int pass = 0; pass < 2; ++pass) {
-        qeltest::ChainDriver d(qeltest::Release9Lines(parent.name));
-        d.Upgrade(1, 210, option);
-        ASSERT_EQ(d.GetOutcome().stagesRun, 20) << run;
-        const std::string text = d.Saved();
+        ZOLUnicodeString name(input);
+        ZOLDrwParseStandard driver(name);
+        driver.Decode();
+        ZOLDrwParseStandardUpgradeOptions options;
+        options.UpdateDefaultValues = option;
+        ZOLString out;
+        driver.Encode((dir / "out").c_str(), out, options);
+        ASSERT_EQ(driver.GetOutcome().stagesRun, 28) << run;
+        written = out.str();
+        const std::string text = qeltest::ReadText(written);
         if (pass == 0) first = text;
         EXPECT_EQ(text, first) << run << ": a second run saves other bytes";
       }
@@ -140,6 +186,19 @@ TEST_F(Chain, Release9StandardReachesLevel210WithEveryStepsMark) {
           EXPECT_EQ(qeltest::Probe(decoded, row.probe), row.after) << run << ": " << row.probe;
         }
       if (!option) CheckLineFont(decoded, parent.name);
+      ZOLUnicodeString text(first);
+      ZOLIDrwStandard_var fromText = ZOLDftStandardServices::GetStandardFromBuffer(&text, parent.name);
+      ZOLIDrwStandard_var fromFile = ZOLDftStandardServices::GetStandardFromFile(ZOLUnicodeString(written), parent.name);
+      for (ZOLIDrwStandard* standard : {static_cast<ZOLIDrwStandard*>(fromText), static_cast<ZOLIDrwStandard*>(fromFile)}) {
+        ASSERT_TRUE(standard) << run;
+        for (size_t i = 0; i < std::size(answers); ++i) {
+          if (!qeltest::Applies(answers[i], parent.bit, option)) continue;
+          ZOLUnicodeString value;
+          EXPECT_EQ(standard->GetValue(answers[i].probe, answerIndex[i], value), S_OK) << run << ": " << answers[i].probe;
+          EXPECT_EQ(value.str(), answers[i].after) << run << ": " << answers[i].probe;
+        }
+      }
+      EXPECT_EQ(r.Count(), 0) << run << ": " << (r.Count() ? r.Lines()[0] : "");
     }
   }
 }
@@ -249,8 +308,8 @@ TEST_F(Chain, BomStyleWithoutPropertiesIsReportedAndKeepsItsDefault) {
   reports = 2;
 }
 
-// The command line writes the upgraded file once every stage on the way is built, and lists them.
-TEST(ChainCommandLine, UpgradesARelease9FileTo110AndListsTheStages) {
+// The command line lists the stages, writes the upgraded file, and checks it at the current level.
+TEST(ChainCommandLine, UpgradesARelease9FileAndChecksTheResult) {
   QELSTD_REQUIRE_BINARY();
   qeltest::ScratchDir dir;
   {
@@ -269,4 +328,13 @@ TEST(ChainCommandLine, UpgradesARelease9FileTo110AndListsTheStages) {
   ASSERT_EQ(upgraded.DecodeXML(ZOLUnicodeString(dir / "out/Company.xml"), 1), 0) << run.out;
   EXPECT_EQ(upgraded.GetVersion(), 110);
   EXPECT_EQ(qeltest::Probe(upgraded, "Root.Styles.CoordinateDimension.Default.Leader.Symbol"), "WhiteFilledSquare");
+  QelstdRun whole = RunQelstd("upgrade '" + (dir / "Company.xml") + "' -o '" + (dir / "whole") + "' --update-defaults --dry-run");
+  EXPECT_EQ(whole.out.find("not built"), std::string::npos) << whole.out;
+  EXPECT_NE(whole.out.find("Migrate427To36n428"), std::string::npos) << whole.out;
+  whole = RunQelstd("upgrade '" + (dir / "Company.xml") + "' -o '" + (dir / "whole") + "' --update-defaults 2>&1");
+  EXPECT_EQ(whole.status, 0) << whole.out;
+  QelstdRun check = RunQelstd("check '" + (dir / "whole/Company.xml") + "' 2>&1");
+  EXPECT_EQ(check.status, 0) << check.out;
+  for (const char* line : {"decode: 0", "version: 290", "enum faults: 0"})
+    EXPECT_NE(check.out.find(line), std::string::npos) << check.out;
 }

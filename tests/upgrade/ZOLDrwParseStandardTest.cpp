@@ -233,7 +233,9 @@ TEST_F(UpgradeWalk, UnbuiltStageStopsThePassAndIsReportedButNotBeyondTheTarget) 
 TEST_F(UpgradeWalk, BlockedUpgradeWritesNoFile) {
   qeltest::ScratchDir dir;
   ZOLUnicodeString input("/somewhere/std.xml");
-  Decoded d(input, WithParent("ISO"));
+  std::vector<ZOLDrwMigrationStage> chain(ZOLDrwShippedStages().begin(), ZOLDrwShippedStages().end());
+  chain[21].step = nullptr;  // stage 22, 210 to 220
+  Decoded d(input, WithParent("ISO"), chain);
   d.SetStartLevel(210);
   ZOLDrwParseStandardUpgradeOptions options;
   d.EncodeToVersion(-1, options, (dir / "std.xml").c_str());

@@ -4,7 +4,6 @@
 // read by path.
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <string>
 #include <vector>
 
@@ -23,25 +22,9 @@ constexpr int WITHOUT = qeltest::kWithout, WITH = qeltest::kWith;
 // The text font that makes ISO and JIS take the heavy symbols in KVISO1.otf.
 const std::vector<std::string> kKvIsoFont = {"C Root.Styles.Text.Default.Font.Name:KV ISO 1 (OpenType)"};
 
-class LaterStep : public ZOLReportCountTest {
-protected:
-  // Runs the step for each parent and both settings of the option; no run raises a report.
-  void Check(int from, int to, std::span<const Expect> rows, const std::vector<std::string>& setup = {}) {
-    for (const qeltest::Parent& parent : qeltest::kParents)
-      for (bool option : {false, true}) {
-        r.Clear();
-        qeltest::RunStep(parent, option, from, to, rows, setup);
-        EXPECT_EQ(r.Count(), 0) << parent.name << " " << option << ": " << (r.Count() ? r.Lines()[0] : "");
-      }
-    r.Clear();
-  }
-};
+class LaterStep : public qeltest::StepTest {};
 
-// The probe of a field of the n-th symbol row; kept for the life of the test program.
-const char* Row(int n, const char* field) {
-  static std::deque<std::string> probes;
-  return probes.emplace_back("Root.EngineeringSymbols.EngineeringSymbol{" + std::to_string(n) + "}@" + field).c_str();
-}
+const char* Row(int n, const char* field) { return qeltest::SymbolRow(n, field); }
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 #include "ZOLIDftStyleManager.h"
 #include "ZOLSysLog.h"
 #include "ZOLTIE.h"
+#include "standard/ZOLVotTransientStandard.h"
 
 ZOLImplementMetaObject(ZOLVotDftStyle, Implementation, ZOLIDftStyle::MetaObject(), "QelStandardInfra", nullptr, "ZOLNull")
 
@@ -39,12 +40,6 @@ ZOLVotDftStyle::~ZOLVotDftStyle() {
   if (_Standard) _Standard->Release();
 }
 
-const char* ZOLVotDftStyle::FullPath(const char* iPath) {
-  _Path.resize(_PrefixLength);
-  if (iPath) _Path += iPath;
-  return _Path.c_str();
-}
-
 HRESULT ZOLVotDftStyle::Initialize(ZOLIDrwStandard_var& iStandard, ZOLUnicodeString iName, ZOLUnicodeString iType) {
   if (_Standard) {
     ZOLAssertBool("");
@@ -57,6 +52,7 @@ HRESULT ZOLVotDftStyle::Initialize(ZOLIDrwStandard_var& iStandard, ZOLUnicodeStr
   void* standard = nullptr;
   iStandard->QueryInterface(IID_ZOLIDrwStandard, &standard);
   _Standard = static_cast<ZOLIDrwStandard*>(standard);
+  _Transient = _Standard ? dynamic_cast<ZOLVotTransientStandard*>(_Standard->GetImpl()) : nullptr;
   _Name = std::move(iName);
   _Type = std::move(iType);
   _Path = _Type.str() + "." + _Name.str() + ".";
@@ -68,46 +64,57 @@ HRESULT ZOLVotDftStyle::GetName(wchar_t** oName) { return WideCopy(_Name, oName)
 
 HRESULT ZOLVotDftStyle::GetType(wchar_t** oType) { return WideCopy(_Type, oType); }
 
-unsigned char ZOLVotDftStyle::HasNode(const char* iPath) { return _Standard ? _Standard->HasNode(FullPath(iPath)) : 0; }
+// Our own standard is read directly, with the length of the path known; another through its interface.
+template <class R, class Read>
+R ZOLVotDftStyle::Forward(const char* iPath, R iNone, Read read) {
+  if (!_Standard) return iNone;
+  _Path.resize(_PrefixLength);
+  if (iPath) _Path += iPath;
+  return _Transient ? read(_Transient, std::string_view(_Path)) : read(_Standard, _Path.c_str());
+}
+
+unsigned char ZOLVotDftStyle::HasNode(const char* iPath) {
+  return Forward(iPath, static_cast<unsigned char>(0), [](auto* s, auto path) { return s->HasNode(path); });
+}
 
 HRESULT ZOLVotDftStyle::GetValueType(const char* iPath, ZOLDftStandardValueType* oType, int* oCount) {
-  return _Standard ? _Standard->GetValueType(FullPath(iPath), oType, oCount) : E_FAIL;
+  return Forward(iPath, E_FAIL, [&](auto* s, auto path) { return s->GetValueType(path, oType, oCount); });
 }
 
 HRESULT ZOLVotDftStyle::GetValue(const char* iPath, int iIndex, ZOLUnicodeString& oValue) {
-  return _Standard ? _Standard->GetValue(FullPath(iPath), iIndex, oValue) : E_FAIL;
+  return Forward(iPath, E_FAIL, [&](auto* s, auto path) { return s->GetValue(path, iIndex, oValue); });
 }
 
 HRESULT ZOLVotDftStyle::GetValue(const char* iPath, ZOLUnicodeString** oValues, int* oCount) {
-  return _Standard ? _Standard->GetValue(FullPath(iPath), oValues, oCount) : E_FAIL;
+  return Forward(iPath, E_FAIL, [&](auto* s, auto path) { return s->GetValue(path, oValues, oCount); });
 }
 
 HRESULT ZOLVotDftStyle::GetValue(const char* iPath, int iIndex, double& oValue) {
-  return _Standard ? _Standard->GetValue(FullPath(iPath), iIndex, oValue) : E_FAIL;
+  return Forward(iPath, E_FAIL, [&](auto* s, auto path) { return s->GetValue(path, iIndex, oValue); });
 }
 
 HRESULT ZOLVotDftStyle::GetValue(const char* iPath, double* oValues, int* oCount) {
-  return _Standard ? _Standard->GetValue(FullPath(iPath), oValues, oCount) : E_FAIL;
+  return Forward(iPath, E_FAIL, [&](auto* s, auto path) { return s->GetValue(path, oValues, oCount); });
 }
 
 HRESULT ZOLVotDftStyle::GetValue(const char* iPath, int iIndex, int& oValue) {
-  return _Standard ? _Standard->GetValue(FullPath(iPath), iIndex, oValue) : E_FAIL;
+  return Forward(iPath, E_FAIL, [&](auto* s, auto path) { return s->GetValue(path, iIndex, oValue); });
 }
 
 HRESULT ZOLVotDftStyle::GetValue(const char* iPath, int* oValues, int* oCount) {
-  return _Standard ? _Standard->GetValue(FullPath(iPath), oValues, oCount) : E_FAIL;
+  return Forward(iPath, E_FAIL, [&](auto* s, auto path) { return s->GetValue(path, oValues, oCount); });
 }
 
 HRESULT ZOLVotDftStyle::GetValue(const char* iPath, int* oValues, int iCapacity, int* oCount) {
-  return _Standard ? _Standard->GetValue(FullPath(iPath), oValues, iCapacity, oCount) : E_FAIL;
+  return Forward(iPath, E_FAIL, [&](auto* s, auto path) { return s->GetValue(path, oValues, iCapacity, oCount); });
 }
 
 HRESULT ZOLVotDftStyle::GetValue(const char* iPath, double* oValues, int iCapacity, int* oCount) {
-  return _Standard ? _Standard->GetValue(FullPath(iPath), oValues, iCapacity, oCount) : E_FAIL;
+  return Forward(iPath, E_FAIL, [&](auto* s, auto path) { return s->GetValue(path, oValues, iCapacity, oCount); });
 }
 
 HRESULT ZOLVotDftStyle::GetValue(const char* iPath, ZOLUnicodeString** oValues, int iCapacity, int* oCount) {
-  return _Standard ? _Standard->GetValue(FullPath(iPath), oValues, iCapacity, oCount) : E_FAIL;
+  return Forward(iPath, E_FAIL, [&](auto* s, auto path) { return s->GetValue(path, oValues, iCapacity, oCount); });
 }
 
 HRESULT ZOLVotDftStyle::GetStyleManager(ZOLIDftStyleManager** oManager) {

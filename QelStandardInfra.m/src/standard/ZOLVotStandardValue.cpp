@@ -11,6 +11,10 @@
 #include "ZOLListValZOLIStandardObject_var.h"
 #include "ZOLSysLog.h"
 #include "ZOLTIE.h"
+#include "detail/ZOLOmxJson.h"
+
+const ZOLOmxKeyString g_ZOLVotKeyText("Text"), g_ZOLVotKeyTable("Table"), g_ZOLVotKeyBalloon("Balloon"),
+    g_ZOLVotKeyArrow("Arrow"), g_ZOLVotKeySheet("Sheet");
 
 const IID IID_ZOLIStandardManager = {0x3f9d2a61, 0x7c0e, 0x4b8a, {0x91, 0x35, 0x6e, 0x20, 0xd4, 0x5b, 0x7a, 0x01}};
 const IID IID_ZOLIStandardObject = {0x3f9d2a61, 0x7c0e, 0x4b8a, {0x91, 0x35, 0x6e, 0x20, 0xd4, 0x5b, 0x7a, 0x02}};

@@ -11,6 +11,11 @@ class ZOLIStandardManager;
 class ZOLIStandardObject;
 class ZOLIStandardValue;
 class ZOLListValZOLIStandardObject_var;
+class ZOLOmxKeyString;
+
+// Keys of the application's annotation kinds, made at start for the callers of the value object;
+// nothing in the library reads them.
+extern const ZOLOmxKeyString g_ZOLVotKeyText, g_ZOLVotKeyTable, g_ZOLVotKeyBalloon, g_ZOLVotKeyArrow, g_ZOLVotKeySheet;
 
 class ZOLVotStandardValue final : public ZOLBaseUnknown {
 public:

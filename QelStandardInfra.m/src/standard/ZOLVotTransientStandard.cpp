@@ -152,8 +152,8 @@ HRESULT ZOLVotTransientStandard::GetParentStandard(ZOLUnicodeString& oName) {
   return S_OK;
 }
 
-unsigned char ZOLVotTransientStandard::HasNode(const char* iPath) {
-  return FindNode(iPath ? iPath : "", 1) ? 1 : 0;
+unsigned char ZOLVotTransientStandard::HasNode(std::string_view path) {
+  return FindNode(path, 1) ? 1 : 0;
 }
 
 HRESULT ZOLVotTransientStandard::GetReserved19(int, int* oValue) {

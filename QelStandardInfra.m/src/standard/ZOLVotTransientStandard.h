@@ -41,15 +41,27 @@ public:
   virtual HRESULT GetName(ZOLUnicodeString& oName);
   virtual HRESULT GetParentStandard(wchar_t** oName);
   virtual HRESULT GetParentStandard(ZOLUnicodeString& oName);
-  virtual unsigned char HasNode(const char* iPath);
-  virtual HRESULT GetValue(const char* iPath, int iIndex, ZOLUnicodeString& oValue);
-  virtual HRESULT GetValue(const char* iPath, ZOLUnicodeString** oValues, int* oCount);
-  virtual HRESULT GetValue(const char* iPath, int iIndex, double& oValue);
-  virtual HRESULT GetValue(const char* iPath, double* oValues, int* oCount);
-  virtual HRESULT GetValue(const char* iPath, int iIndex, int& oValue);
-  virtual HRESULT GetValue(const char* iPath, int* oValues, int* oCount);
+  virtual unsigned char HasNode(const char* iPath) { return HasNode(Path(iPath)); }
+  virtual HRESULT GetValue(const char* iPath, int iIndex, ZOLUnicodeString& oValue) {
+    return GetValue(Path(iPath), iIndex, oValue);
+  }
+  virtual HRESULT GetValue(const char* iPath, ZOLUnicodeString** oValues, int* oCount) {
+    return GetValue(Path(iPath), oValues, oCount);
+  }
+  virtual HRESULT GetValue(const char* iPath, int iIndex, double& oValue) {
+    return GetValue(Path(iPath), iIndex, oValue);
+  }
+  virtual HRESULT GetValue(const char* iPath, double* oValues, int* oCount) {
+    return GetValue(Path(iPath), oValues, oCount);
+  }
+  virtual HRESULT GetValue(const char* iPath, int iIndex, int& oValue) { return GetValue(Path(iPath), iIndex, oValue); }
+  virtual HRESULT GetValue(const char* iPath, int* oValues, int* oCount) {
+    return GetValue(Path(iPath), oValues, oCount);
+  }
   virtual HRESULT Reserved12();
-  virtual HRESULT GetValueType(const char* iPath, ZOLDftStandardValueType* oType, int* oCount);
+  virtual HRESULT GetValueType(const char* iPath, ZOLDftStandardValueType* oType, int* oCount) {
+    return GetValueType(Path(iPath), oType, oCount);
+  }
   virtual HRESULT GetThicknessIndex(double iMillimetres, int* oIndex);
   virtual HRESULT Reserved15();
   virtual HRESULT Reserved16();
@@ -67,9 +79,29 @@ public:
   virtual HRESULT Reserved28();
   virtual HRESULT GetStyleNames(const char* iType, ZOLListValZOLUnicodeString* oNames);
   virtual HRESULT GetStandardValue(ZOLIStandardValue** oValue, char** oFirst, char** oSecond);
-  virtual HRESULT GetValue(const char* iPath, int* oValues, int iCapacity, int* oCount);
-  virtual HRESULT GetValue(const char* iPath, double* oValues, int iCapacity, int* oCount);
-  virtual HRESULT GetValue(const char* iPath, ZOLUnicodeString** oValues, int iCapacity, int* oCount);
+  virtual HRESULT GetValue(const char* iPath, int* oValues, int iCapacity, int* oCount) {
+    return GetValue(Path(iPath), oValues, iCapacity, oCount);
+  }
+  virtual HRESULT GetValue(const char* iPath, double* oValues, int iCapacity, int* oCount) {
+    return GetValue(Path(iPath), oValues, iCapacity, oCount);
+  }
+  virtual HRESULT GetValue(const char* iPath, ZOLUnicodeString** oValues, int iCapacity, int* oCount) {
+    return GetValue(Path(iPath), oValues, iCapacity, oCount);
+  }
+
+  // The same reads on a path whose length the caller knows (a style's "type.name.path"), so that
+  // it is not measured again; the forms above answer through these.
+  unsigned char HasNode(std::string_view path);
+  HRESULT GetValue(std::string_view path, int iIndex, ZOLUnicodeString& oValue);
+  HRESULT GetValue(std::string_view path, ZOLUnicodeString** oValues, int* oCount);
+  HRESULT GetValue(std::string_view path, int iIndex, double& oValue);
+  HRESULT GetValue(std::string_view path, double* oValues, int* oCount);
+  HRESULT GetValue(std::string_view path, int iIndex, int& oValue);
+  HRESULT GetValue(std::string_view path, int* oValues, int* oCount);
+  HRESULT GetValueType(std::string_view path, ZOLDftStandardValueType* oType, int* oCount);
+  HRESULT GetValue(std::string_view path, int* oValues, int iCapacity, int* oCount);
+  HRESULT GetValue(std::string_view path, double* oValues, int iCapacity, int* oCount);
+  HRESULT GetValue(std::string_view path, ZOLUnicodeString** oValues, int iCapacity, int* oCount);
 
   // Operations of the style manager, each inner form before its wide form.
   virtual HRESULT GetStyle(ZOLUnicodeString iName, ZOLUnicodeString iType, ZOLVar<ZOLIDftStyle>& oStyle);
@@ -135,12 +167,13 @@ public:
   static void SplitColor(std::string_view text, std::vector<int>& oValues) { ZOLVotStandardStore::SplitColor(text, oValues); }
 
 private:
+  static std::string_view Path(const char* iPath) { return iPath ? iPath : ""; }
   HRESULT Load(const ZOLUnicodeString* source, bool isBuffer);
   // The loader of a document that a caller drives through the content handler, made at its first event.
   ZOLVotStandardLoader& Loader();
   // One integer or real: the map, else the leaf of that kind or a node's first child, read and filed.
   template <class T, class Read>
-  HRESULT GetSingle(ZOLVotKeyMap<T>& cache, ZOLDftStdElement leaf, Read read, const char* iPath, int iIndex, T& oValue);
+  HRESULT GetSingle(ZOLVotKeyMap<T>& cache, ZOLDftStdElement leaf, Read read, std::string_view path, int iIndex, T& oValue);
   HRESULT Stub();
   // What an array read finds: its elements (a filed array, or the one value) and the count that
   // the forms without a capacity report, which differs for a colour.

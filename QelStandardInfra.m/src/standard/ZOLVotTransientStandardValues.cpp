@@ -16,9 +16,8 @@ using Node = ZOLVotStandardNode;
 }  // namespace
 
 template <class T, class Read>
-HRESULT ZOLVotTransientStandard::GetSingle(ZOLVotKeyMap<T>& cache, ZOLDftStdElement leaf, Read read, const char* iPath,
+HRESULT ZOLVotTransientStandard::GetSingle(ZOLVotKeyMap<T>& cache, ZOLDftStdElement leaf, Read read, std::string_view path,
                                            int iIndex, T& oValue) {
-  std::string_view path = iPath ? iPath : "";
   if (const T* hit = cache.Find(_Store.MakeKey(path, iIndex))) {
     oValue = *hit;
     return S_OK;
@@ -35,16 +34,15 @@ HRESULT ZOLVotTransientStandard::GetSingle(ZOLVotKeyMap<T>& cache, ZOLDftStdElem
   return S_OK;
 }
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, int& oValue) {
-  return GetSingle(_Store._IntValues, Kind::IntVal, &ZOLVotStandardStore::ReadInt, iPath, iIndex, oValue);
+HRESULT ZOLVotTransientStandard::GetValue(std::string_view path, int iIndex, int& oValue) {
+  return GetSingle(_Store._IntValues, Kind::IntVal, &ZOLVotStandardStore::ReadInt, path, iIndex, oValue);
 }
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, double& oValue) {
-  return GetSingle(_Store._DoubleValues, Kind::FloatVal, &ZOLVotStandardStore::ReadReal, iPath, iIndex, oValue);
+HRESULT ZOLVotTransientStandard::GetValue(std::string_view path, int iIndex, double& oValue) {
+  return GetSingle(_Store._DoubleValues, Kind::FloatVal, &ZOLVotStandardStore::ReadReal, path, iIndex, oValue);
 }
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int iIndex, ZOLUnicodeString& oValue) {
-  std::string_view path = iPath ? iPath : "";
+HRESULT ZOLVotTransientStandard::GetValue(std::string_view path, int iIndex, ZOLUnicodeString& oValue) {
   std::string_view key = _Store.MakeKey(path, iIndex);
   const uint64_t h = ZOLVotHash(key);
   const ZOLVotSpan* hit = _Store._StringValues.Find(key, h);
@@ -175,45 +173,45 @@ bool RefuseBuffer(const void* buffer, int capacity, bool sized) {
 
 }  // namespace
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int* oValues, int* oCount) {
+HRESULT ZOLVotTransientStandard::GetValue(std::string_view path, int* oValues, int* oCount) {
   if (RefuseBuffer(oValues, 0, false)) return E_INVALIDARG;
-  return CopyArray(ReadIntArray(iPath ? iPath : ""), oValues, 0, oCount, false, [](int& o, int v) { o = v; });
+  return CopyArray(ReadIntArray(path), oValues, 0, oCount, false, [](int& o, int v) { o = v; });
 }
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, double* oValues, int* oCount) {
+HRESULT ZOLVotTransientStandard::GetValue(std::string_view path, double* oValues, int* oCount) {
   if (RefuseBuffer(oValues, 0, false)) return E_INVALIDARG;
-  return CopyArray(ReadRealArray(iPath ? iPath : ""), oValues, 0, oCount, false, [](double& o, double v) { o = v; });
+  return CopyArray(ReadRealArray(path), oValues, 0, oCount, false, [](double& o, double v) { o = v; });
 }
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, ZOLUnicodeString** oValues, int* oCount) {
+HRESULT ZOLVotTransientStandard::GetValue(std::string_view path, ZOLUnicodeString** oValues, int* oCount) {
   if (RefuseBuffer(oValues, 0, false)) return E_INVALIDARG;
-  return CopyArray(ReadStringArray(iPath ? iPath : ""), oValues, 0, oCount, false,
+  return CopyArray(ReadStringArray(path), oValues, 0, oCount, false,
                    [&](ZOLUnicodeString*& o, ZOLVotSpan v) { if (o) o->str().assign(_Store.Text(v)); });
 }
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, int* oValues, int iCapacity, int* oCount) {
+HRESULT ZOLVotTransientStandard::GetValue(std::string_view path, int* oValues, int iCapacity, int* oCount) {
   if (iCapacity < 0 || RefuseBuffer(oValues, iCapacity, true)) return E_INVALIDARG;
-  return CopyArray(ReadIntArray(iPath ? iPath : ""), oValues, iCapacity, oCount, true, [](int& o, int v) { o = v; });
+  return CopyArray(ReadIntArray(path), oValues, iCapacity, oCount, true, [](int& o, int v) { o = v; });
 }
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, double* oValues, int iCapacity, int* oCount) {
+HRESULT ZOLVotTransientStandard::GetValue(std::string_view path, double* oValues, int iCapacity, int* oCount) {
   if (iCapacity < 0 || RefuseBuffer(oValues, iCapacity, true)) return E_INVALIDARG;
-  return CopyArray(ReadRealArray(iPath ? iPath : ""), oValues, iCapacity, oCount, true, [](double& o, double v) { o = v; });
+  return CopyArray(ReadRealArray(path), oValues, iCapacity, oCount, true, [](double& o, double v) { o = v; });
 }
 
-HRESULT ZOLVotTransientStandard::GetValue(const char* iPath, ZOLUnicodeString** oValues, int iCapacity, int* oCount) {
+HRESULT ZOLVotTransientStandard::GetValue(std::string_view path, ZOLUnicodeString** oValues, int iCapacity, int* oCount) {
   if (iCapacity < 0 || RefuseBuffer(oValues, iCapacity, true)) return E_INVALIDARG;
-  return CopyArray(ReadStringArray(iPath ? iPath : ""), oValues, iCapacity, oCount, true,
+  return CopyArray(ReadStringArray(path), oValues, iCapacity, oCount, true,
                    [&](ZOLUnicodeString*& o, ZOLVotSpan v) { if (o) o->str().assign(_Store.Text(v)); });
 }
 
-HRESULT ZOLVotTransientStandard::GetValueType(const char* iPath, ZOLDftStandardValueType* oType, int* oCount) {
+HRESULT ZOLVotTransientStandard::GetValueType(std::string_view path, ZOLDftStandardValueType* oType, int* oCount) {
   if (!oType) {
     ZOLAssertPointer("");
     return E_INVALIDARG;
   }
   if (oCount) *oCount = 0;
-  const Node* node = FindNode(iPath ? iPath : "", 1);
+  const Node* node = FindNode(path, 1);
   if (!node) return E_FAIL;
   // Children are alike when they are the same element of the dialect, or both elements of
   // another namespace with the same name as read.

@@ -512,8 +512,10 @@ constexpr ZOLDrwRelease21Symbol kSymbols[] = {
 
 std::span<const ZOLDrwRelease21Symbol> ZOLDrwRelease21Symbols() { return kSymbols; }
 
-const ZOLDrwRelease21Symbol* ZOLDrwFindRelease21Symbol(std::string_view name) {
-  const auto* at = std::find_if(std::begin(kSymbols), std::end(kSymbols),
-                                [name](const ZOLDrwRelease21Symbol& s) { return name == s.name; });
-  return at == std::end(kSymbols) ? nullptr : at;
+const ZOLDrwRelease21Symbol* ZOLDrwFindSymbol(std::span<const ZOLDrwRelease21Symbol> symbols, std::string_view name) {
+  const auto at = std::find_if(symbols.begin(), symbols.end(),
+                               [name](const ZOLDrwRelease21Symbol& s) { return name == s.name; });
+  return at == symbols.end() ? nullptr : &*at;
 }
+
+const ZOLDrwRelease21Symbol* ZOLDrwFindRelease21Symbol(std::string_view name) { return ZOLDrwFindSymbol(kSymbols, name); }

@@ -23,6 +23,8 @@ struct ZOLDrwRelease21Symbol {
 std::span<const ZOLDrwRelease21Symbol> ZOLDrwRelease21Symbols();
 // The symbol of that name, or null.
 const ZOLDrwRelease21Symbol* ZOLDrwFindRelease21Symbol(std::string_view name);
+// The symbol of that name in a frozen list, or null.
+const ZOLDrwRelease21Symbol* ZOLDrwFindSymbol(std::span<const ZOLDrwRelease21Symbol> symbols, std::string_view name);
 
 // Appends a row to "Root.EngineeringSymbols": Name, Position, Font, Charcode, Icon16x16, Icon22x22,
 // and from level 170 ToleranceValue, DatumReference, Notes. A row of another length is reported

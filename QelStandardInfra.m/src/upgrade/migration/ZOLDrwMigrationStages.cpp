@@ -2,6 +2,7 @@
 // From level and the target is the current level or at least its To level.
 #include "upgrade/migration/ZOLDrwMigration.h"
 #include "upgrade/migration/ZOLDrwMigrateR21ToR28.h"
+#include "upgrade/migration/ZOLDrwMigrateR29ToR36.h"
 #include "upgrade/migration/ZOLDrwStyleBuilders.h"
 
 namespace {
@@ -33,14 +34,14 @@ constexpr ZOLDrwMigrationStage kStages[] = {
     {180, 190, S::EditsTree, "Migrate216To25n417", &Migrate216To25n417},
     {190, 200, S::EditsTree, "Migrate417To27n419", &Migrate417To27n419},
     {200, 210, S::EditsTree, "Migrate419To28n420", &Migrate419To28n420},
-    {210, 220, S::EditsTree, "Migrate420To29n421", nullptr},
-    {220, 230, S::EditsTree, "Migrate421To30n422", nullptr},
-    {230, 240, S::EditsTree, "Migrate422To31n423", nullptr},
-    {240, 250, S::EditsTree, "Migrate423To32n424", nullptr},
-    {250, 260, S::EditsTree, "Migrate424To33n425", nullptr},
-    {260, 270, S::EditsTree, "Migrate425To34n426", nullptr},
-    {270, 280, S::EditsTree, "Migrate426To35n427", nullptr},
-    {280, 290, S::EditsTree, "Migrate427To36n428", nullptr},
+    {210, 220, S::EditsTree, "Migrate420To29n421", &Migrate420To29n421},
+    {220, 230, S::EditsTree, "Migrate421To30n422", &Migrate421To30n422},
+    {230, 240, S::EditsTree, "Migrate422To31n423", &Migrate422To31n423},
+    {240, 250, S::EditsTree, "Migrate423To32n424", &Migrate423To32n424},
+    {250, 260, S::EditsTree, "Migrate424To33n425", &Migrate424To33n425},
+    {260, 270, S::EditsTree, "Migrate425To34n426", &Migrate425To34n426},
+    {270, 280, S::EditsTree, "Migrate426To35n427", &Migrate426To35n427},
+    {280, 290, S::EditsTree, "Migrate427To36n428", &Migrate427To36n428},
 };
 
 static_assert(std::size(kStages) == 29);

@@ -1,4 +1,4 @@
-// qelstd symbol, as a user and a script would run it.
+// qelstd fit and symbol, as a user and a script would run them.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -6,6 +6,13 @@
 #include <string>
 
 #include "QelstdRun.h"
+
+TEST(QelstdFit, PrintsDeviationsAndLimits) {
+  QELSTD_REQUIRE_BINARY();
+  QelstdRun run = RunQelstd("fit 25 H7");
+  ASSERT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "fit:     25.000 H7\nupper:   +21 um\nlower:   0 um\nlimits:  25.000 to 25.021 mm\n");
+}
 
 TEST(QelstdSymbol, PrintsFontCodeAndDrawsBothIcons) {
   QELSTD_REQUIRE_BINARY();
@@ -26,11 +33,19 @@ TEST(QelstdSymbol, PrintsFontCodeAndDrawsBothIcons) {
       << spot.out;
 }
 
-TEST(QelstdSymbol, JsonOfTheSym1Set) {
+TEST(QelstdDomainVerbs, JsonOfAShaftAndOfTheSym1Set) {
   QELSTD_REQUIRE_BINARY();
-  QelstdRun run = RunQelstd("symbol --json '<FLATNESS>' --parent 2");
+  QelstdRun run = RunQelstd("fit --json 240 f7");
   ASSERT_EQ(run.status, 0);
   nlohmann::json j = nlohmann::json::parse(run.out);
+  EXPECT_EQ(j["class"], "f7");
+  EXPECT_EQ(j["upperDeviation"], -50);
+  EXPECT_EQ(j["lowerDeviation"], -96);
+  EXPECT_DOUBLE_EQ(j["maximumSize"].get<double>(), 239.95);
+  EXPECT_DOUBLE_EQ(j["minimumSize"].get<double>(), 239.904);
+  run = RunQelstd("symbol --json '<FLATNESS>' --parent 2");
+  ASSERT_EQ(run.status, 0);
+  j = nlohmann::json::parse(run.out);
   EXPECT_EQ(j["font"], "SYM1.font");
   EXPECT_EQ(j["charCode"], "61440");
   EXPECT_EQ(j["fromSiblingTable"], false);
@@ -38,14 +53,18 @@ TEST(QelstdSymbol, JsonOfTheSym1Set) {
   EXPECT_EQ(j["icon22"].get<std::string>().size(), 88u);
 }
 
-TEST(QelstdSymbol, MissesAndBadArgumentsGiveTheirStatus) {
+TEST(QelstdDomainVerbs, MissesAndBadArgumentsGiveTheirStatus) {
   QELSTD_REQUIRE_BINARY();
   struct Case {
     const char* args;
     int status;
     const char* error;
   };
-  for (const Case& c : {Case{"symbol '<CHECKMARK>' --parent 2", 1, "qelstd: <CHECKMARK>: no such symbol"},
+  for (const Case& c : {Case{"fit 500 F7", 1, "qelstd: F7 at 500.000 mm: no limit deviations"},
+                        Case{"fit 25 K7", 1, "qelstd: K7 at 25.000 mm: no limit deviations"},
+                        Case{"fit 0 H7", 1, "qelstd: H7 at 0.000 mm"}, Case{"fit wide H7", 2, "SIZE"},
+                        Case{"fit 25", 2, "CLASS"},
+                        Case{"symbol '<CHECKMARK>' --parent 2", 1, "qelstd: <CHECKMARK>: no such symbol"},
                         Case{"symbol '<diameter>'", 1, "qelstd: <diameter>: no such symbol"},
                         Case{"symbol ''", 1, "qelstd: : an empty tag"}, Case{"symbol", 2, "TAG"},
                         Case{"symbol '<DIAMETER>' --context 2", 2, "--context"}}) {
