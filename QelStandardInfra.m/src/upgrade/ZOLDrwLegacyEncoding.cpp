@@ -58,37 +58,35 @@ constexpr RecordType kRecordTypes[] = {
     {"ZOLThickness", kThickness, 1, 1},
 };
 
-constexpr Member kToleranceRow[] = {
-    {"Name", 's', "TOL_RES1"},   {"TolType", 'i', "3"},      {"TolSepar_1", 'i', "0"},    {"TolSepar_2", 'i', "0"},
-    {"TolSymbolH", 'f', "1.0"},  {"TolSepTo_1", 'i', "0"},   {"TolSepTo_2", 'i', "16"},   {"TolSepTo_3", 'i', "0"},
-    {"TolTrailing", 'i', "2"},   {"TolFractLine", 'i', "1"}, {"TolPtOnValue", 'i', "9"},  {"TolAnchorPt", 'i', "3"},
-    {"TolIntX", 'f', "0.0"},     {"TolIntY", 'f', "0.0"},    {"TolExtX", 'f', "0.0"},     {"TolExtY", 'f', "0.0"},
-    {"TolMergeSame", 'i', "1"},  {"TolShowNull", 'i', "2"},  {"TolScale", 'f', "1.0"},
+// The members of the predefined numerical rows in their order; their values are the record type's
+// defaults but for the overrides.
+constexpr const char* kNumericalRowOrder[] = {
+    "Name",       "NDType",     "NDUnit",     "NDGlobFact", "NDNulFac_1", "NDNulFac_2", "NDNulFac_3", "NDExise",
+    "NDSep1000",  "NDFact_1",   "NDFact_2",   "NDFact_3",   "NDValPos_1", "NDValPos_2", "NDValPos_3", "NDSepar_1",
+    "NDSepar_2",  "NDSepar_3",  "NDSepScl_1", "NDSepScl_2", "NDSepScl_3", "NDSepPos_1", "NDSepPos_2", "NDSepPos_3",
+    "NDRestY",    "NDFinZer",   "NDSepNum",   "NDTypFrac",  "NDSepDen",   "NDOperY",    "NDNulOther", "NDResScl",
+    "NDFact",     "NDRestX",
 };
 
-// The members of the predefined numerical rows in their order, with the values the rows share.
-constexpr Member kNumericalRow[] = {
-    {"Name", 's', ""},           {"NDType", 'i', "1"},       {"NDUnit", 'i', "1"},        {"NDGlobFact", 'f', "1.0"},
-    {"NDNulFac_1", 'i', "1"},    {"NDNulFac_2", 'i', "2"},   {"NDNulFac_3", 'i', "1"},    {"NDExise", 'i', "1"},
-    {"NDSep1000", 'i', "0"},     {"NDFact_1", 'f', "1.0"},   {"NDFact_2", 'f', "0.0"},    {"NDFact_3", 'f', "0.0"},
-    {"NDValPos_1", 'f', "0.0"},  {"NDValPos_2", 'f', "0.0"}, {"NDValPos_3", 'f', "0.0"},  {"NDSepar_1", 's', ""},
-    {"NDSepar_2", 's', ""},      {"NDSepar_3", 's', ""},     {"NDSepScl_1", 'f', "1.0"},  {"NDSepScl_2", 'f', "0.0"},
-    {"NDSepScl_3", 'f', "0.0"},  {"NDSepPos_1", 'f', "0.0"}, {"NDSepPos_2", 'f', "0.0"},  {"NDSepPos_3", 'f', "0.0"},
-    {"NDRestY", 'f', "0.0"},     {"NDFinZer", 'i', "1"},     {"NDSepNum", 'i', "11"},     {"NDTypFrac", 'i', "2"},
-    {"NDSepDen", 'i', "2"},      {"NDOperY", 'f', "0.5"},    {"NDNulOther", 'i', "1"},    {"NDResScl", 'f', "1.0"},
-    {"NDFact", 'i', "1"},        {"NDRestX", 'f', "0.5"},
-};
-
-// What a predefined numerical row sets apart from the shared values.
-struct NumericalOverride {
+// What a predefined row sets apart from the record type's defaults; Name is the row's own, and a
+// null row stands for every row, before the row's own.
+struct Override {
   const char* row;
   const char* member;
   const char* text;
 };
 
+// The delivered tolerance row differs from the record type's defaults in these.
+constexpr Override kToleranceOverrides[] = {
+    {"TOL_RES1", "TolType", "3"},      {"TOL_RES1", "TolSepTo_2", "16"}, {"TOL_RES1", "TolPtOnValue", "9"},
+    {"TOL_RES1", "TolAnchorPt", "3"},  {"TOL_RES1", "TolIntY", "0.0"},   {"TOL_RES1", "TolExtX", "0.0"},
+    {"TOL_RES1", "TolScale", "1.0"},
+};
+
 constexpr const char* kNumericalRows[] = {"micron", "mm", "cm", "m", "km", "in", "ftinch", "grade"};
 
-constexpr NumericalOverride kNumericalOverrides[] = {
+constexpr Override kNumericalOverrides[] = {
+    {nullptr, "NDSepar_1", ""},        {nullptr, "NDSepar_2", ""},       {nullptr, "NDSepar_3", ""},
     {"micron", "NDGlobFact", "0.001"}, {"cm", "NDGlobFact", "10.0"},     {"m", "NDGlobFact", "1000.0"},
     {"km", "NDGlobFact", "1000000.0"}, {"in", "NDUnit", "2"},            {"in", "NDGlobFact", "1"},
     {"ftinch", "NDUnit", "2"},         {"ftinch", "NDFact_2", "12.0"},   {"ftinch", "NDSepar_1", "\""},
@@ -161,6 +159,24 @@ void OpenTypeVal(ZOLUnicodeString& out, int indent, std::string_view type) {
 }
 
 void CloseTypeVal(ZOLUnicodeString& out, int indent) { Line(out, {Indent(indent), "</std:typeval>"}); }
+
+// A delivered record of a type, its members in order (the type's own order when empty).
+void PredefinedRow(ZOLUnicodeString& out, std::string_view type, std::span<const Member> members,
+                   std::span<const char* const> order, std::string_view row, std::span<const Override> overrides) {
+  OpenTypeVal(out, 12, type);
+  auto write = [&](const Member& m) {
+    std::string_view text = m.name == std::string_view("Name") ? row : std::string_view(m.text);
+    for (const Override& o : overrides)
+      if ((!o.row || o.row == row) && o.member == std::string_view(m.name)) text = o.text;
+    NamedValue(out, 15, m.type, 1, m.name, text);
+  };
+  if (order.empty())
+    for (const Member& m : members) write(m);
+  for (std::string_view name : order)
+    for (const Member& m : members)
+      if (m.name == name) write(m);
+  CloseTypeVal(out, 12);
+}
 
 // The value element of a record member, by the record types of release 9; 0 for none.
 char MemberType(std::string_view name) {
@@ -356,22 +372,10 @@ void ZOLDrwParseStandard::EncodeDescriptions(ZOLUnicodeString& out) {
 }
 
 void ZOLDrwParseStandard::EncodePredefinedDescriptions(ZOLUnicodeString& out, int which) {
-  if (which == 0) {
-    OpenTypeVal(out, 12, "ToleranceDisplay");
-    for (const Member& m : kToleranceRow) NamedValue(out, 15, m.type, 1, m.name, m.text);
-    CloseTypeVal(out, 12);
-  } else if (which == 1) {
-    for (std::string_view row : kNumericalRows) {
-      OpenTypeVal(out, 12, "NumericalDisplay");
-      for (const Member& m : kNumericalRow) {
-        std::string_view text = m.name == std::string_view("Name") ? row : std::string_view(m.text);
-        for (const NumericalOverride& o : kNumericalOverrides)
-          if (o.row == row && o.member == std::string_view(m.name)) text = o.text;
-        NamedValue(out, 15, m.type, 1, m.name, text);
-      }
-      CloseTypeVal(out, 12);
-    }
-  }
+  if (which == 0) PredefinedRow(out, "ToleranceDisplay", kToleranceDisplay, {}, "TOL_RES1", kToleranceOverrides);
+  if (which == 1)
+    for (std::string_view row : kNumericalRows)
+      PredefinedRow(out, "NumericalDisplay", kNumericalDisplay, kNumericalRowOrder, row, kNumericalOverrides);
 }
 
 void ZOLDrwParseStandard::EncodeThicknessTable(ZOLUnicodeString& out) {
