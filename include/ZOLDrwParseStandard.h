@@ -58,7 +58,8 @@ public:
   ZOLDrwParseStandard& operator=(const ZOLDrwParseStandard&) = delete;
 
   /// Reads the tree, its version and its parent, once; a file that cannot be read gives an empty tree,
-  /// and one that fails midway the part read so far (see DecodeFailed).
+  /// and one that fails midway the part read so far (see DecodeFailed). A flat legacy file (see
+  /// IsFlatFile) gives its parameters and parent, level 0 and no tree (see GetFlatFaults).
   void Decode();
   /// 1 when Decode read the file only in part or not at all; level and parent then tell what the part
   /// read says, and Encode would save that part: a caller refuses such a file before encoding.
@@ -71,7 +72,7 @@ public:
   void EncodeToVersion(int target, ZOLDrwParseStandardUpgradeOptions& options, const char* outputPath);
   /// "ISO", "ANSI", "ASME", "JIS", or any other text of the file (empty without the node).
   ZOLUnicodeString GetParentStandard();
-  /// The start level of the tree as decoded, -1 where the tree cannot tell, 0 before Decode.
+  /// The start level of the tree as decoded, -1 where the tree cannot tell, 0 before Decode and for flat text.
   int GetVersion();
   /// What the last upgrade pass did.
   const Outcome& GetOutcome() const { return _Outcome; }

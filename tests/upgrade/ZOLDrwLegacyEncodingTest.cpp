@@ -2,7 +2,6 @@
 // and the check of the mandatory parameters.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,19 +27,16 @@ public:
     for (const Param& p : params) list.push_back(new ZOLDrwParseParameter(p.keyword, p.value, p.block, p.name));
     DecodeFlatParameters(list.data(), static_cast<int>(list.size()), parent);
   }
-  std::vector<std::string> Predefined(int which) {
+  // The lines a writer appends, without their line ends.
+  std::vector<std::string> Lines(void (ZOLDrwParseStandard::*writer)(ZOLUnicodeString&), int which = -1) {
     ZOLUnicodeString out;
-    EncodePredefinedDescriptions(out, which);
-    return Lines([&](ZOLUnicodeString& o) { o = out; });
-  }
-  std::vector<std::string> Lines(std::function<void(ZOLUnicodeString&)> writer) {
-    ZOLUnicodeString out;
-    writer(out);
+    which < 0 ? (this->*writer)(out) : EncodePredefinedDescriptions(out, which);
     std::vector<std::string> lines;
     for (size_t start = 0, end; (end = out.str().find('\n', start)) != std::string::npos; start = end + 1)
       lines.push_back(out.str().substr(start, end - start));
     return lines;
   }
+  std::vector<std::string> Predefined(int which) { return Lines(nullptr, which); }
   ZOLAnnStandardXMLParser& FirstTree() {
     ZOLDrwParseStandardUpgradeOptions options;
     UpgradeVersion(1, options);
@@ -76,7 +72,7 @@ class LegacyEncoding : public ZOLReportCountTest {};
 
 TEST_F(LegacyEncoding, TypedefsKeepTheirGapsBlankLinesAndDefaults) {
   Flat f("ISO", {});
-  std::vector<std::string> lines = f.Lines([&](ZOLUnicodeString& o) { f.EncodeTypedefs(o); });
+  std::vector<std::string> lines = f.Lines(&Flat::EncodeTypedefs);
   ASSERT_EQ(lines.size(), 1u + (2 + 19) + 2 + (2 + 35) + 2 + (2 + 3) + 1);
   EXPECT_EQ(Slice(lines, 0, 7), (std::vector<std::string>{"", "   <std:typedef name=\"ToleranceDisplay\">",
                                                             "      <std:strval   name=\"Name\">TOLXXX</std:strval>",
@@ -141,7 +137,7 @@ TEST_F(LegacyEncoding, AdditionalParametersTakeFontSizesByParentAndEverySymbolSi
                                      "            </std:node>", "            <std:node name=\"Angle\">",
                                      std::string("               <std:floatval>") + row.angle + "</std:floatval>",
                                      "            </std:node>", "         </std:node>"});
-    std::vector<std::string> folded = Folded(f.Lines([&](ZOLUnicodeString& o) { f.EncodeAdditionalParameters(o); }));
+    std::vector<std::string> folded = Folded(f.Lines(&Flat::EncodeAdditionalParameters));
     EXPECT_EQ(Slice(folded, 0, expected.size()), expected) << row.parent;
     EXPECT_EQ(Slice(folded, folded.size() - 7, 7),
               (std::vector<std::string>{"         <std:node name=\"WaveArrow\">", "            <std:node name=\"Diameter\">",
@@ -178,7 +174,7 @@ TEST_F(LegacyEncoding, PredefinedDescriptionsAndThicknessRows) {
   EXPECT_EQ(numerical[7 * 36 + 2], "               <std:intval name=\"NDType\">2</std:intval>");
   EXPECT_TRUE(f.Predefined(2).empty());
 
-  std::vector<std::string> thickness = f.Lines([&](ZOLUnicodeString& o) { f.EncodeThicknessTable(o); });
+  std::vector<std::string> thickness = f.Lines(&Flat::EncodeThicknessTable);
   ASSERT_EQ(thickness.size(), 2u + 55 * 5 + 1);
   auto row = [](const char* availability, const char* pixel, const char* mm) {
     return std::vector<std::string>{"   <std:typeval name=\"ZOLThickness\">",
@@ -201,14 +197,14 @@ TEST_F(LegacyEncoding, ParametersAndBlocksWriteDimensionAndRecords) {
                  {"TolType", "1", T, "TOL_A"}, {"NDName", "NUM.A", N, "NUM.A"}, {"NDUnit", "2", N, "NUM.A"},
                  {"NDName", "NUM.A", N, "NUM.A"}, {"NDGlobFact", "25.4", N, "NUM.A"}, {"TolName", "TOL_B", T, "TOL_B"},
                  {"TolScale", "0.5", T, "TOL_B"}, {"TXTThickness", "1"},           {"CUMLOriginSymbol", "A&B"}});
-  EXPECT_EQ(f.Lines([&](ZOLUnicodeString& o) { f.EncodeMigratedParameters(o); }),
+  EXPECT_EQ(f.Lines(&Flat::EncodeMigratedParameters),
             (std::vector<std::string>{"", "   <std:node name=\"Dimension\">",
                                       "      <std:node name=\"ParentStandard\"><std:strval>ISO</std:strval></std:node>",
                                       "      <std:node name=\"DIMLTail\"><std:floatval>2.5</std:floatval></std:node>",
                                       "      <std:node name=\"STDTxThickText\"><std:intval>1</std:intval></std:node>",
                                       "      <std:node name=\"CUMLSymbol\"><std:strval>A&amp;B</std:strval></std:node>",
                                       "   </std:node>"}));
-  std::vector<std::string> lines = f.Lines([&](ZOLUnicodeString& o) { f.EncodeDescriptions(o); });
+  std::vector<std::string> lines = f.Lines(&Flat::EncodeDescriptions);
   const std::string close = "            </std:typeval>";
   EXPECT_EQ(Slice(lines, 2 + 21, 10),
             (std::vector<std::string>{"            <std:typeval name=\"ToleranceDisplay\">",
