@@ -18,6 +18,7 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/ZOLDftStyleToolbox.h
   include/ZOLDftXMLNodeID.h
   include/ZOLDftXMLNodeIterator.h
+  include/ZOLDrwParseParameter.h
   include/ZOLDrwParseStandard.h
   include/ZOLDrwParseStandardUpgradeOptions.h
   include/ZOLDrwStdSheetFormat.h

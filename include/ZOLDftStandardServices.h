@@ -29,6 +29,17 @@ long GetEnumFromName(const ZOLUnicodeString& name, ZOLFormatOrientationsType& va
 /// S_OK with the name of an orientation; E_FAIL for a value outside 0 to 3, name untouched.
 long GetNameFromEnum(ZOLFormatOrientationsType value, ZOLUnicodeString& name);
 
+// --- Keywords of flat legacy standards ---
+
+/// The 0-based row of the keyword table whose keyword equals keyword; -1 for none or an empty text.
+int GetIndexFromKeyword(const ZOLUnicodeString& keyword);
+/// The 0-based row whose tree parameter name equals param; -1 for none or an empty text.
+int GetIndexFromParam(const ZOLUnicodeString& param);
+/// The keyword of the row of that parameter name; empty for none.
+ZOLUnicodeString GetKeywordFromParam(const ZOLUnicodeString& param);
+/// The tree parameter name of the row of that keyword; empty for none, and for the rows that have none.
+ZOLUnicodeString GetParamFromKeyword(const ZOLUnicodeString& keyword);
+
 // --- Standard objects by file, text and name; sheet format and path helpers ---
 }  // namespace ZOLDftStandardServices
 

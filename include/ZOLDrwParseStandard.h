@@ -1,10 +1,12 @@
 // Reads a standard file of any release, tells its parent and data level, and brings it up to a
 // later level through the chain of upgrade stages, saving the result to a new file.
 #pragma once
+#include <string>
 #include <vector>
 
 #include "ZOLAnnStandardXMLValue.h"
 #include "ZOLDrwParseStandardUpgradeOptions.h"
+#include "ZOLListValZOLUnicodeString.h"
 #include "ZOLString.h"
 #include "ZOLUnicodeString.h"
 
@@ -56,7 +58,8 @@ public:
   ZOLDrwParseStandard& operator=(const ZOLDrwParseStandard&) = delete;
 
   /// Reads the tree, its version and its parent, once; a file that cannot be read gives an empty tree,
-  /// and one that fails midway the part read so far (see DecodeFailed).
+  /// and one that fails midway the part read so far (see DecodeFailed). A flat legacy file (see
+  /// IsFlatFile) gives its parameters and parent, level 0 and no tree (see GetFlatFaults).
   void Decode();
   /// 1 when Decode read the file only in part or not at all; level and parent then tell what the part
   /// read says, and Encode would save that part: a caller refuses such a file before encoding.
@@ -69,10 +72,56 @@ public:
   void EncodeToVersion(int target, ZOLDrwParseStandardUpgradeOptions& options, const char* outputPath);
   /// "ISO", "ANSI", "ASME", "JIS", or any other text of the file (empty without the node).
   ZOLUnicodeString GetParentStandard();
-  /// The start level of the tree as decoded, -1 where the tree cannot tell, 0 before Decode.
+  /// The start level of the tree as decoded, -1 where the tree cannot tell, 0 before Decode and for flat text.
   int GetVersion();
   /// What the last upgrade pass did.
   const Outcome& GetOutcome() const { return _Outcome; }
+
+  /// A fault of a flat legacy file; the reader goes on after each.
+  struct FlatFault {
+    enum Kind {
+      /// The file is neither XML nor flat text; it was decoded as XML.
+      NotFlatText,
+      /// A word that is no keyword of the table; the line is skipped.
+      UnknownKeyword,
+      /// No value, an unquoted value with blanks, a quote not closed or text behind it, a control
+      /// character or bytes that are no UTF-8 text, or text behind a block keyword; the line is skipped.
+      BadValue,
+      /// A block keyword out of order, or a parameter outside the block it belongs to; skipped.
+      Misplaced,
+      /// A block that is never closed; its parameters are kept up to the end of the file.
+      UnclosedBlock,
+      /// A tolerance or numerical display block without TolName or NDName; its parameters are skipped.
+      UnnamedBlock,
+      /// No ParentStandard; the parent stays empty.
+      MissingParent,
+    };
+    Kind kind;
+    /// 1-based line of the file; 0 for the file as a whole.
+    int line;
+    /// What is wrong, in words, as "line 7: unknown keyword \"DIMLFoo\"".
+    ZOLUnicodeString message;
+  };
+  /// The faults of a flat file found by Decode, in file order; empty for a tree file. Any fault also
+  /// sets DecodeFailed.
+  const std::vector<FlatFault>& GetFlatFaults() const { return _FlatFaults; }
+
+  /// Takes over count parameters (the reader deletes them) in order as a flat file would give them,
+  /// sets the parent and marks the reader decoded at level 0 without a tree: EncodeToVersion(1, ...)
+  /// then builds the first tree alone and Encode runs the whole chain. Refused with a report when
+  /// the reader was decoded already (the parameters are deleted all the same).
+  void DecodeFlatParameters(ZOLDrwParseParameter** parameters, int count, const ZOLUnicodeString& parentStandard);
+  /// 1 when the file holds flat legacy text: not XML, and its first line that is not blank begins
+  /// with a keyword of the table. Decode reads such a file as flat parameters.
+  static bool IsFlatFile(const ZOLUnicodeString& path);
+  /// Number of flat parameters held.
+  int GetParameterCount() const { return static_cast<int>(_Parameters.size()); }
+  /// Decodes if not done, then traces to ZOLDftStandardOutput each mandatory general parameter that
+  /// the flat parameters lack and their number.
+  void Check();
+  /// Decodes if not done, then sets missing to the keywords of the mandatory general parameters that
+  /// the flat parameters lack, in table order; returns their number.
+  int GetMissingParameters(ZOLListValZOLUnicodeString& missing);
 
   /// The stages of the shipped chain, in order.
   static std::vector<StageInfo> GetStages();
@@ -117,6 +166,15 @@ protected:
   /// The first flat parameter of that keyword, or null.
   ZOLDrwParseParameter* GetParameter(const ZOLUnicodeString& keyword);
 
+  /// Writers of the first tree from the flat parameters; each appends to out.
+  void EncodeTypedefs(ZOLUnicodeString& out);
+  void EncodeAdditionalParameters(ZOLUnicodeString& out);
+  void EncodeMigratedParameters(ZOLUnicodeString& out);
+  void EncodeDescriptions(ZOLUnicodeString& out);
+  /// which: 0 the tolerance description, 1 the eight numerical ones, else nothing.
+  void EncodePredefinedDescriptions(ZOLUnicodeString& out, int which);
+  void EncodeThicknessTable(ZOLUnicodeString& out);
+
   int _Decoded = 0;
   ZOLUnicodeString _FileName;
   std::vector<ZOLDrwParseParameter*> _Parameters;
@@ -129,6 +187,15 @@ private:
 
   const ZOLDrwMigrationStage* _Stages;
   int _StageCount;
+  // Stage 1: the text of the writers, decoded into a new tree.
+  void EncodeLegacyTree();
+  // Reads a flat file into the parameters and the parent; false when the file is not flat text.
+  bool DecodeFlatFile();
+  enum class FileKind { TreeOrUnreadable, Flat, Neither };
+  // The kind of the file; text holds the whole file unless it is a tree or unreadable.
+  static FileKind ReadFlatFile(const ZOLUnicodeString& path, std::string& text);
+
   Outcome _Outcome;
   bool _DecodeFailed = false;
+  std::vector<FlatFault> _FlatFaults;
 };

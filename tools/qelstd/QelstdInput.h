@@ -11,6 +11,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "ZOLDrwParseStandard.h"
 #include "ZOLXMLDOM.h"
 
 namespace qelstd {
@@ -79,6 +80,13 @@ inline std::string ReportMessage(std::string_view line) {
 /// else the last message among the reports raised while decoding, else that it is no standard.
 inline std::string WhyNotDecoded(const std::string& path, const std::vector<std::string>& reports) {
   if (std::string why = WhyNotReadable(path); !why.empty()) return why;
+  if (ZOLDrwParseStandard::IsFlatFile(ZOLUnicodeString(path))) {
+    std::string first;
+    for (const std::string& report : reports)
+      if (first = ReportMessage(report); !first.empty()) break;
+    return "a flat legacy file with faults" + (first.empty() ? std::string() : " (" + first + ")") +
+           "; qelstd check lists them";
+  }
   std::unique_ptr<ZOLIXMLDOMDocumentBuilder> builder;
   if (SUCCEEDED(CreateZOLIXMLDOMDocumentBuilder(builder)) && builder) {
     ZOLListValZOLUnicodeString names, values;

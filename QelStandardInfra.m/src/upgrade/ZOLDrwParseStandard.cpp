@@ -1,6 +1,7 @@
 // The upgrade driver: decodes a standard file, tells its parent and level, and walks the chain.
 #include "ZOLDrwParseStandard.h"
 
+#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -8,9 +9,11 @@
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDftStdPersistence.h"
 #include "document/ZOLDftParentStandard.h"
-#include "upgrade/ZOLDrwParseParameter.h"
+#include "ZOLDrwParseParameter.h"
+#include "ZOLFile.h"
 #include "ZOLRefCounted.h"
 #include "ZOLSysLog.h"
+#include "upgrade/ZOLDrwFlatReader.h"
 #include "upgrade/migration/ZOLDrwMigration.h"
 
 const int ZOLDrwParseStandard::ANSI = ZOLDftParentFlag(ZOLDftParent::ANSI);
@@ -31,6 +34,17 @@ void InsertParts(ZOLUnicodeString& out, int position, const char* a, const char*
   ZOLUnicodeString text;
   AppendParts(text, a, b, c, newline);
   if (!text.IsEmpty()) out.Insert(position, text);
+}
+
+// The parent as the tree stores it: ASME is ANSI with datum mode 1.
+ZOLUnicodeString ParentFromStored(ZOLUnicodeString parent, const ZOLUnicodeString& datumMode) {
+  if (parent == "ANSI") {
+    if (datumMode == "1")
+      parent = "ASME";
+    else if (!(datumMode == "2"))
+      ZOLAssertMessage("Invalid TXTDatumMode value! Can't determine parent standard");
+  }
+  return parent;
 }
 
 }  // namespace
@@ -56,6 +70,7 @@ void ZOLDrwParseStandard::Decode() {
     ZOLAssertBool("");
     return;
   }
+  if (DecodeFlatFile()) return;
   _Parser = new ZOLAnnStandardXMLParser();
   // A file that does not decode still counts as decoded: its empty tree tells level and parent, which
   // the catalogue reads, and Encode saves what was read. A caller that must not save a tree read in
@@ -66,14 +81,62 @@ void ZOLDrwParseStandard::Decode() {
   _ParentStandard = "ISO";
   // Replaced unconditionally: a file without the node ends with an empty parent, not "ISO".
   _ParentStandard = _Parser->GetValueWithPath("Root.Dimension.ParentStandard");
-  if (_ParentStandard == "ANSI") {
-    // ASME is stored as ANSI with datum mode 1.
-    ZOLUnicodeString mode = _Parser->GetValueWithPath("Root.Dimension.TXTDatumMode");
-    if (mode == "1")
-      _ParentStandard = "ASME";
-    else if (!(mode == "2"))
-      ZOLAssertMessage("Invalid TXTDatumMode value! Can't determine parent standard");
+  if (_ParentStandard == "ANSI")
+    _ParentStandard = ParentFromStored(_ParentStandard, _Parser->GetValueWithPath("Root.Dimension.TXTDatumMode"));
+}
+
+ZOLDrwParseStandard::FileKind ZOLDrwParseStandard::ReadFlatFile(const ZOLUnicodeString& path, std::string& text) {
+  // The head tells a tree from flat text without reading a large standard whole.
+  char head[4096];
+  std::FILE* file = std::fopen(path.ConvertToChar(), "rb");
+  if (!file) return FileKind::TreeOrUnreadable;
+  const size_t n = std::fread(head, 1, sizeof head, file);
+  std::fclose(file);
+  std::string_view start(head, n);
+  if (start.substr(0, 3) == "\xEF\xBB\xBF") start.remove_prefix(3);
+  const size_t first = start.find_first_not_of(" \t\r\n");
+  if (first == std::string_view::npos || start[first] == '<') return FileKind::TreeOrUnreadable;
+  if (FAILED(ZOLReadFile(path.ConvertToChar(), text))) return FileKind::TreeOrUnreadable;
+  return ZOLDrwIsFlatText(text) ? FileKind::Flat : FileKind::Neither;
+}
+
+bool ZOLDrwParseStandard::IsFlatFile(const ZOLUnicodeString& path) {
+  std::string text;
+  return ReadFlatFile(path, text) == FileKind::Flat;
+}
+
+bool ZOLDrwParseStandard::DecodeFlatFile() {
+  std::string text;
+  const FileKind kind = ReadFlatFile(_FileName, text);
+  if (kind == FileKind::Neither) {
+    // Decoded as XML, which fails and says why.
+    _FlatFaults.push_back({FlatFault::NotFlatText, 0, "neither XML nor flat text; decoded as XML"});
   }
+  if (kind != FileKind::Flat) return false;
+  ZOLDrwFlatText flat = ZOLDrwReadFlatText(text);
+  _FlatFaults = std::move(flat.faults);
+  for (const FlatFault& fault : _FlatFaults) ZOLAssertMessage(fault.message.ConvertToChar());
+  _Parameters.insert(_Parameters.end(), flat.parameters.begin(), flat.parameters.end());
+  const ZOLDrwParseParameter* parent = GetParameter("ParentStandard");
+  const ZOLDrwParseParameter* mode = GetParameter("TXTDatumMode");
+  _ParentStandard = parent ? ParentFromStored(parent->Value(), mode ? mode->Value() : ZOLUnicodeString()) : ZOLUnicodeString();
+  _DecodeFailed = !_FlatFaults.empty();
+  _Decoded = 1;
+  _Version = 0;
+  return true;
+}
+
+void ZOLDrwParseStandard::DecodeFlatParameters(ZOLDrwParseParameter** parameters, int count,
+                                               const ZOLUnicodeString& parentStandard) {
+  if (_Decoded || _Parser) {
+    ZOLAssertBool("Decoded already");
+    for (int i = 0; parameters && i < count; ++i) delete parameters[i];
+    return;
+  }
+  for (int i = 0; parameters && i < count; ++i) _Parameters.push_back(parameters[i]);
+  _ParentStandard = parentStandard;
+  _Decoded = 1;
+  _Version = 0;
 }
 
 ZOLUnicodeString ZOLDrwParseStandard::GetParentStandard() { return _ParentStandard; }

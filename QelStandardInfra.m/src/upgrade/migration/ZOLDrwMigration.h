@@ -27,6 +27,8 @@ public:
   ZOLDrwParseStandardUpgradeOptions& Options() const { return _options; }
   bool UpdateDefaultValues() const { return _options.UpdateDefaultValues != 0; }
   ZOLDrwParseStandard& Driver() const { return _driver; }
+  // Stage 1: builds the first tree from the flat parameters.
+  void EncodeLegacyTree() const { _driver.EncodeLegacyTree(); }
   int ChangeStyleValue(const char* stylePath, const char* valuePath, int parentMask,
                        ZOLAnnStandardXMLValue::Type type, const char* oldValue, const char* newValue) const {
     return _driver.ChangeStyleValue(stylePath, valuePath, parentMask, type, oldValue, newValue);

@@ -7,11 +7,13 @@
 
 namespace {
 
+void EncodeFlatText(ZOLDrwMigrationContext& context) { context.EncodeLegacyTree(); }
+
 using S = ZOLDrwMigrationStage;
 
 // A null step is not built yet; its entry waits for the step of that release.
 constexpr ZOLDrwMigrationStage kStages[] = {
-    {0, 1, S::BuildsTreeFromFlatText, "EncodeFlatText", nullptr},
+    {0, 1, S::BuildsTreeFromFlatText, "EncodeFlatText", &EncodeFlatText},
     {1, 2, S::EditsTree, "Upgrade9To10", &Upgrade9To10},
     {2, 30, S::EditsTree, "Upgrade10To11", &Upgrade10To11},
     {30, 40, S::EditsTree, "Upgrade11To12", &Upgrade11To12},
