@@ -13,7 +13,7 @@ struct ZOLVotStandardContent {
   // By name, filled at most once; std::less<> finds a name without a temporary string.
   std::map<std::string, std::shared_ptr<QelStdUnitDescription>, std::less<>> units;
   std::map<std::string, std::shared_ptr<QelStdToleranceDescription>, std::less<>> tolerances;
-  // The last export, kept for the life of the standard.
+  // The export, made on first use and kept for the life of the standard.
   ZOLOmxJsonObject jsonRoot;
 };
 
@@ -268,9 +268,10 @@ private:
 }  // namespace
 
 HRESULT ZOLVotTransientStandard::GetStandardAsJson(ZOLOmxJsonObject& oJson) {
-  // Built again on every call; the copy shares the kept export until the caller changes it.
+  // The tree never changes after the load, so the first export serves every later call; the copy
+  // shares it until the caller changes it.
   ZOLVotStandardContent& content = Content();
-  content.jsonRoot = JsonExport(_Store).Build();
+  if (content.jsonRoot.Length() == 0) content.jsonRoot = JsonExport(_Store).Build();
   oJson = content.jsonRoot;
   return S_OK;
 }
