@@ -1,13 +1,10 @@
 // qelstd export NAME|FILE [-o FILE.json]: a standard as the JSON object of its communication face.
-#include <cerrno>
-#include <cstring>
 #include <memory>
 #include <string>
 
 #include "QelstdOutput.h"
 #include "QelstdStandard.h"
 #include "QelstdVerb.h"
-#include "ZOLFile.h"
 #include "ZOLIQelStandardCommunication.h"
 
 namespace {
@@ -32,14 +29,7 @@ int RunExport(const ExportOptions& options, int* status) {
     qelstd::Write(stdout, text);
     return qelstd::kDone;
   }
-  errno = 0;
-  if (ZOLWriteFileAtomically(options.output.c_str(), text) != S_OK) {
-    const int error = errno;
-    qelstd::Error(options.output, std::string("cannot be written") + (error ? std::string(": ") + std::strerror(error) : "") +
-                                      "; nothing was written");
-    return qelstd::kNotFound;
-  }
-  return qelstd::kDone;
+  return qelstd::WriteFileWhole(options.output, text) ? qelstd::kDone : qelstd::kNotFound;
 }
 
 void SetupExport(CLI::App& app, int* status) {

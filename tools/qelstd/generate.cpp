@@ -4,18 +4,16 @@
 // reader takes.
 #include <nlohmann/json.hpp>
 
-#include <cerrno>
-#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "QelstdInput.h"
+#include "QelstdOutput.h"
 #include "QelstdStandard.h"
 #include "QelstdVerb.h"
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLDftStandardServices.h"
-#include "ZOLFile.h"
 #include "ZOLXMLDOM.h"
 #include "ZOLXMLSAX.h"
 
@@ -128,14 +126,7 @@ int RunGenerate(const GenerateOptions& options) {
       return qelstd::kNotFound;
     }
   }
-  errno = 0;
-  if (ZOLWriteFileAtomically(options.output.c_str(), text) != S_OK) {
-    const int error = errno;
-    qelstd::Error(options.output, std::string("cannot be written") + (error ? std::string(": ") + std::strerror(error) : "") +
-                                      "; nothing was written");
-    return qelstd::kNotFound;
-  }
-  return qelstd::kDone;
+  return qelstd::WriteFileWhole(options.output, text) ? qelstd::kDone : qelstd::kNotFound;
 }
 
 void SetupGenerate(CLI::App& app, int* status) {

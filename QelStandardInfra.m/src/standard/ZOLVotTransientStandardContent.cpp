@@ -127,37 +127,45 @@ HRESULT Find(const Map& map, std::string_view name, std::shared_ptr<Description>
   return S_OK;
 }
 
-}  // namespace
-
-HRESULT ZOLVotTransientStandard::GetUnits(std::vector<std::shared_ptr<QelStdUnitDescription>>& oUnits) {
-  auto& units = Content().units;
-  if (units.empty()) Fill(units, QelStandardServices::GetLegacyV4Units(), *this, "ValueFormats", &ReadUnit);
-  for (const auto& [name, unit] : units) oUnits.push_back(unit);
+template <class Map, class Description>
+HRESULT AppendAll(const Map& map, std::vector<std::shared_ptr<Description>>& out) {
+  for (const auto& [name, description] : map) out.push_back(description);
   return S_OK;
 }
 
+// The format maps, filled on first use.
+auto& Units(ZOLVotTransientStandard& standard, ZOLVotStandardContent& content) {
+  if (content.units.empty()) Fill(content.units, QelStandardServices::GetLegacyV4Units(), standard, "ValueFormats", &ReadUnit);
+  return content.units;
+}
+
+auto& Tolerances(ZOLVotTransientStandard& standard, ZOLVotStandardContent& content) {
+  if (content.tolerances.empty())
+    Fill(content.tolerances, QelStandardServices::GetLegacyV4Tolerances(), standard, "ToleranceFormats", &ReadTolerance);
+  return content.tolerances;
+}
+
+}  // namespace
+
+HRESULT ZOLVotTransientStandard::GetUnits(std::vector<std::shared_ptr<QelStdUnitDescription>>& oUnits) {
+  return AppendAll(Units(*this, Content()), oUnits);
+}
+
 HRESULT ZOLVotTransientStandard::GetUnit(ZOLUnicodeString iName, std::shared_ptr<QelStdUnitDescription>& oUnit) {
-  auto& units = Content().units;
-  if (units.empty()) Fill(units, QelStandardServices::GetLegacyV4Units(), *this, "ValueFormats", &ReadUnit);
   // Blanks only; a unit name with a tab around it is not found.
   std::string_view name = iName.str();
   const size_t first = name.find_first_not_of(' ');
   name = first == std::string_view::npos ? std::string_view() : name.substr(first, name.find_last_not_of(' ') - first + 1);
-  return Find(units, name, oUnit);
+  return Find(Units(*this, Content()), name, oUnit);
 }
 
 HRESULT ZOLVotTransientStandard::GetTolerances(std::vector<std::shared_ptr<QelStdToleranceDescription>>& oTolerances) {
-  auto& tolerances = Content().tolerances;
-  if (tolerances.empty()) Fill(tolerances, QelStandardServices::GetLegacyV4Tolerances(), *this, "ToleranceFormats", &ReadTolerance);
-  for (const auto& [name, tolerance] : tolerances) oTolerances.push_back(tolerance);
-  return S_OK;
+  return AppendAll(Tolerances(*this, Content()), oTolerances);
 }
 
 HRESULT ZOLVotTransientStandard::GetTolerance(ZOLUnicodeString iName, std::shared_ptr<QelStdToleranceDescription>& oTolerance) {
-  auto& tolerances = Content().tolerances;
-  if (tolerances.empty()) Fill(tolerances, QelStandardServices::GetLegacyV4Tolerances(), *this, "ToleranceFormats", &ReadTolerance);
   // Kept on purpose: unlike a unit's, a tolerance's name is not stripped, and callers rely on the difference.
-  return Find(tolerances, iName.str(), oTolerance);
+  return Find(Tolerances(*this, Content()), iName.str(), oTolerance);
 }
 
 // --- The JSON export ---
