@@ -7,40 +7,31 @@
 #include "ZOLDftStandardServices.h"
 #include "ZOLDftStdNamespace.h"
 #include "ZOLSysLog.h"
+#include "document/ZOLDftStdElement.h"
 
 namespace {
 
-// The value elements by the "type" of a description; any other type writes nothing.
-struct ValueElement {
-  std::string_view type;
-  std::string_view tag;
-};
-constexpr ValueElement kValueElements[] = {
-    {"int", "std:intval"},       {"double", "std:floatval"}, {"string", "std:strval"},
-    {"enum", "std:enumval"},     {"color", "std:colorval"},
-};
+using Element = ZOLDftStdElement;
 
-std::string_view TagOf(std::string_view type) {
-  for (const auto& e : kValueElements)
-    if (e.type == type) return e.tag;
-  return {};
-}
+constexpr std::string_view Tag(Element e) { return ZOLDftStdElementQualifiedName(e); }
+
+// The tag of the value element of a description's "type"; empty for any other type, which writes nothing.
+std::string_view TagOf(std::string_view type) { return Tag(ZOLDftStdElementOfJsonType(type)); }
 
 class Writer {
 public:
   explicit Writer(std::string& out) : _out(out) {}
 
   void Enumeration(std::string_view name, const ZOLOmxJsonArray& literals) {
-    Open("std:enumdef", name);
+    Open(Tag(Element::EnumDef), name);
     ZOLUnicodeString literal;
     for (int i = 1, n = literals.Length(); i <= n; ++i) {
       literal = ZOLUnicodeString();
       literals.GetString(i, literal);
-      _out += "<std:strval>";
-      _out += literal.str();
-      _out += "</std:strval>";
+      _out.append("<").append(Tag(Element::StrVal)).append(">").append(literal.str());
+      Close(Tag(Element::StrVal));
     }
-    _out += "</std:enumdef>";
+    Close(Tag(Element::EnumDef));
   }
 
   // A typedef's fields take their "default"; a record's fields their "value".
@@ -69,7 +60,7 @@ public:
   }
 
   void Node(std::string_view name, const ZOLOmxJsonObject& node) {
-    Open("std:node", name);
+    Open(Tag(Element::Node), name);
     bool leaf = false;
     node.ForEachMember([&](const ZOLOmxKeyString& key, const ZOLOmxAny& any) {
       if (leaf) return;
@@ -83,7 +74,7 @@ public:
       if (member.OptString("type") != "enum" && member.OptString("enumName") == key.view()) Value(member);
       else Node(key.view(), member);
     });
-    _out += "</std:node>";
+    Close(Tag(Element::Node));
   }
 
 private:
@@ -91,7 +82,7 @@ private:
     const ZOLOmxJsonArray entries = leaf.OptJsonArray("array");
     if (leaf.OptString("type") == "typeval") {
       const std::string recordType(leaf.OptString("typeval"));
-      for (int i = 1, n = entries.Length(); i <= n; ++i) Record("std:typeval", recordType, Entry(entries, i), "value");
+      for (int i = 1, n = entries.Length(); i <= n; ++i) Record(Tag(Element::TypeVal), recordType, Entry(entries, i), "value");
     } else if (entries.Length() > 0) {
       for (int i = 1, n = entries.Length(); i <= n; ++i) Value(Entry(entries, i));
     } else {
@@ -144,7 +135,13 @@ long ZOLDftStandardServices::GenerateStandardXML(const ZOLOmxJsonObject& descrip
     }
   }
   std::string out;
-  out.append("<?xml version=\"1.0\"?><std:node name=\"ISO\" type=\"drafting\" xmlns:std=\"")
+  // Kept on purpose: the document element is "ISO" whichever standard is described; readers take
+  // the parent from the standard's values, not from this name.
+  out.append("<?xml version=\"1.0\"?><")
+      .append(Tag(Element::Node))
+      .append(" name=\"ISO\" type=\"drafting\" xmlns:")
+      .append(ZOLDftStdNamespacePrefix)
+      .append("=\"")
       .append(ZOLDftStdNamespaceURI)
       .append("\">");
   Writer writer(out);
@@ -152,13 +149,13 @@ long ZOLDftStandardServices::GenerateStandardXML(const ZOLOmxJsonObject& descrip
     writer.Enumeration(key.view(), ZOLOmxJsonArray(any));
   });
   sections[1].ForEachMember([&](const ZOLOmxKeyString& key, const ZOLOmxAny& any) {
-    writer.Record("std:typedef", key.view(), ZOLOmxJsonObject(any), "default");
+    writer.Record(Tag(Element::TypeDef), key.view(), ZOLOmxJsonObject(any), "default");
   });
   writer.Node("Styles", sections[2]);
   sections[3].ForEachMember([&](const ZOLOmxKeyString& key, const ZOLOmxAny& any) {
     writer.Node(key.view(), ZOLOmxJsonObject(any));
   });
-  out += "</std:node>";
+  out.append("</").append(Tag(Element::Node)).append(">");
   text.swap(out);
   return S_OK;
 }

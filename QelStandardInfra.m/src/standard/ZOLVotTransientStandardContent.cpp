@@ -172,17 +172,6 @@ HRESULT ZOLVotTransientStandard::GetTolerance(ZOLUnicodeString iName, std::share
 
 namespace {
 
-const char* LeafType(Kind kind) {
-  switch (kind) {
-    case Kind::IntVal: return "int";
-    case Kind::FloatVal: return "double";
-    case Kind::StrVal: return "string";
-    case Kind::EnumVal: return "enum";
-    case Kind::ColorVal: return "color";
-    default: return nullptr;
-  }
-}
-
 // One pass over the store's tree, building the four sections of the export.
 class JsonExport {
 public:
@@ -227,8 +216,8 @@ private:
     ZOLOmxJsonObject definition;
     for (const Node* f = _store.FirstChild(typedefNode); f; f = _store.NextSibling(*f)) {
       ZOLOmxJsonObject field;
-      if (const char* type = LeafType(f->kind)) {
-        field.PutString(ZOLOmxKeyString("type"), std::string_view(type));
+      if (const std::string_view type = ZOLDftStdElementJsonType(f->kind); !type.empty()) {
+        field.PutString(ZOLOmxKeyString("type"), type);
         PutTyped(field, *f, "default");
       }
       definition.PutObject(Key(*f), std::move(field));
@@ -239,11 +228,11 @@ private:
   // The leaf form of a value element; a node without children has its "enum" first.
   ZOLOmxJsonObject Leaf(const Node& n, bool enumFirst) const {
     ZOLOmxJsonObject leaf;
-    const char* type = LeafType(n.kind);
-    if (!type) return leaf;
+    const std::string_view type = ZOLDftStdElementJsonType(n.kind);
+    if (type.empty()) return leaf;
     const bool isEnum = n.kind == Kind::EnumVal;
     if (isEnum && enumFirst) leaf.PutString(ZOLOmxKeyString("enum"), _store.Name(n));
-    leaf.PutString(ZOLOmxKeyString("type"), std::string_view(type));
+    leaf.PutString(ZOLOmxKeyString("type"), type);
     if (isEnum && !enumFirst) leaf.PutString(ZOLOmxKeyString("enum"), _store.Name(n));
     PutTyped(leaf, n, "value");
     return leaf;
