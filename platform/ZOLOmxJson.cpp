@@ -95,6 +95,10 @@ HRESULT ZOLOmxJsonArray::GetJsonObject(int index, ZOLOmxJsonObject& out) const {
   return S_OK;
 }
 
+void ZOLOmxJsonArray::Reserve(int elements) {
+  if (elements > 0) Writable(_array, Kind::array).get_ref<Document::array_t&>().reserve(static_cast<size_t>(elements));
+}
+
 HRESULT ZOLOmxJsonArray::PutString(std::string_view value) {
   Writable(_array, Kind::array).emplace_back(value);
   return S_OK;
@@ -188,6 +192,10 @@ ZOLOmxJsonArray ZOLOmxJsonObject::OptJsonArray(const char* key) const {
 std::string_view ZOLOmxJsonObject::OptString(const char* key) const {
   const Document* v = Member(_object, key);
   return v && v->is_string() ? std::string_view(v->get_ref<const std::string&>()) : std::string_view();
+}
+
+void ZOLOmxJsonObject::Reserve(int members) {
+  if (members > 0) Writable(_object, Kind::object).get_ref<Document::object_t&>().reserve(static_cast<size_t>(members));
 }
 
 namespace {

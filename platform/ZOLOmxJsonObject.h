@@ -65,6 +65,8 @@ public:
   /// Element index, from 1, as any value (empty when out of range).
   ZOLOmxAny GetAny(int index) const;
 
+  /// Makes room for that many elements in all, so that appending them allocates once.
+  void Reserve(int elements);
   /// Appends a string; S_OK.
   HRESULT PutString(std::string_view value);
   HRESULT PutString(const ZOLUnicodeString& value) { return PutString(std::string_view(value.str())); }
@@ -130,6 +132,8 @@ public:
   /// lives unchanged.
   std::string_view OptString(const char* key) const;
 
+  /// Makes room for that many members in all, so that putting them allocates once.
+  void Reserve(int members);
   /// Sets member key, in place when it exists, else at the end; each answers S_OK.
   HRESULT PutObject(const ZOLOmxKeyString& key, const ZOLOmxJsonObject& value);
   HRESULT PutObject(const ZOLOmxKeyString& key, ZOLOmxJsonObject&& value);

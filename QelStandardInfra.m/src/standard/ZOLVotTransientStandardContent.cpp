@@ -203,6 +203,11 @@ public:
 
 private:
   ZOLOmxKeyString Key(const Node& n) const { return ZOLOmxKeyString(_store.Name(n)); }
+  int Count(const Node* first) const {
+    int n = 0;
+    for (const Node* c = first; c; c = _store.NextSibling(*c)) ++n;
+    return n;
+  }
 
   // The typed text of a value element under key ("value" or "default").
   void PutTyped(ZOLOmxJsonObject& o, const Node& n, const char* key) const {
@@ -214,6 +219,7 @@ private:
 
   ZOLOmxJsonObject TypeDefinition(const Node& typedefNode) const {
     ZOLOmxJsonObject definition;
+    definition.Reserve(Count(_store.FirstChild(typedefNode)));
     for (const Node* f = _store.FirstChild(typedefNode); f; f = _store.NextSibling(*f)) {
       ZOLOmxJsonObject field;
       if (const std::string_view type = ZOLDftStdElementJsonType(f->kind); !type.empty()) {
@@ -231,6 +237,7 @@ private:
     const std::string_view type = ZOLDftStdElementJsonType(n.kind);
     if (type.empty()) return leaf;
     const bool isEnum = n.kind == Kind::EnumVal;
+    leaf.Reserve(isEnum ? 3 : 2);
     if (isEnum && enumFirst) leaf.PutString(ZOLOmxKeyString("enum"), _store.Name(n));
     leaf.PutString(ZOLOmxKeyString("type"), type);
     if (isEnum && !enumFirst) leaf.PutString(ZOLOmxKeyString("enum"), _store.Name(n));
@@ -247,6 +254,7 @@ private:
     const bool typed = first->kind == Kind::TypeVal;
     if (typed || _store.Name(*first).empty()) {
       ZOLOmxJsonArray entries;
+      entries.Reserve(Count(first));
       for (const Node* c = first; c; c = _store.NextSibling(*c)) entries.PutJsonObject(Form(*c));
       if (typed) {
         form.PutString(ZOLOmxKeyString("type"), std::string_view("typeval"));
@@ -255,6 +263,7 @@ private:
       form.PutArray(ZOLOmxKeyString("array"), std::move(entries));
       return form;
     }
+    form.Reserve(Count(first));
     for (const Node* c = first; c; c = _store.NextSibling(*c)) form.PutObject(Key(*c), Form(*c));
     return form;
   }
