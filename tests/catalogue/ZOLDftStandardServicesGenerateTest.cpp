@@ -3,11 +3,9 @@
 #include <nlohmann/json.hpp>
 
 #include <functional>
-#include <set>
 #include <string>
 #include <vector>
 
-#include "BuiltinTestSupport.h"
 #include "ZOLAnnStandardXMLNode.h"
 #include "ZOLAnnStandardXMLParser.h"
 #include "ZOLAnnStandardXMLValue.h"
@@ -61,9 +59,8 @@ TEST(GenerateStandardXML, AMissingOrMisshapenSectionIsRefusedWithOneReportAndTex
       R"({"EnumDefinition":{},"TypeDefinition":{},"Styles":[],"Standard Parameters":{}})",
       R"({"TypeDefinition":{},"Styles":{},"Standard Parameters":{}})",
       R"({"EnumDefinition":{},"TypeDefinition":"x","Styles":{},"Standard Parameters":{}})",
-      R"({"EnumDefinition":{},"TypeDefinition":{},"Styles":{}})",
       R"({"EnumDefinition":{},"TypeDefinition":{},"Styles":{},"Standard Parameters":{})",  // cut short
-      "", "[1,2]",
+      "[1,2]",
   };
   for (const std::string& d : descriptions) {
     ZOLTestReports reports;
@@ -213,20 +210,6 @@ TEST(GenerateStandardXML, ExportOfEveryFormTheGeneratorTakesComesBackWithTheSame
   const std::vector<std::string> original = Filed(r.original);
   EXPECT_GE(original.size(), 14u);
   EXPECT_EQ(Filed(r.generated), original);
-}
-
-TEST(GenerateStandardXML, BuiltinStandardsComeBackWithTheirValuesOnceMarkupIsEscaped) {
-  for (const std::string& name : builtintest::Standards()) {
-    RoundTrip r = ExportGenerateLoad(builtintest::Text(name), true);
-    const std::vector<std::string> original = Filed(r.original);
-    const std::vector<std::string> lines = Filed(r.generated);
-    const std::set<std::string> generated(lines.begin(), lines.end());
-    // Reals come back with six decimals; a named value element comes back inside a node of its name,
-    // and of sibling values of one name only the last: the export's objects hold a key once.
-    size_t same = 0;
-    for (const std::string& line : original) same += generated.count(line);
-    EXPECT_GT(same * 100, original.size() * 99) << name << ": " << same << " of " << original.size();
-  }
 }
 
 }  // namespace

@@ -52,24 +52,6 @@ TEST(OmxJson, CopiesAndViewsShareUntilOneIsChanged) {
   EXPECT_EQ(parent.ToString(), R"({"c":{"x":1},"d":{"x":9}})");
 }
 
-TEST(OmxJson, GettersLeaveTheirOutputOnAbsentOrMisshapenMembers) {
-  const ZOLOmxJsonObject o = Parse(R"({"i":1,"big":4294967296,"d":2.5,"s":"x","a":[1],"o":{}})");
-  int i = 7;
-  EXPECT_EQ(o.GetInteger("big", i), E_FAIL);
-  EXPECT_EQ(o.GetInteger("d", i), E_FAIL);
-  EXPECT_EQ(i, 7);
-  double d = 7;
-  EXPECT_EQ(o.GetDouble("s", d), E_FAIL);
-  EXPECT_EQ(o.GetDouble("i", d), S_OK);
-  EXPECT_EQ(d, 1.0);
-  ZOLOmxJsonObject object = Parse(R"({"keep":1})");
-  EXPECT_EQ(o.GetJsonObject("a", object), E_FAIL);
-  EXPECT_EQ(object.Length(), 1);
-  EXPECT_EQ(o.OptString("i"), "");
-  EXPECT_EQ(o.OptJsonArray("o").Length(), 0);
-  EXPECT_EQ(o.OptJsonArray("a").Length(), 1);
-}
-
 TEST(OmxJson, TextOutReplacesBytesThatAreNoUtf8) {
   ZOLOmxJsonObject o;
   o.PutString(ZOLOmxKeyString("k"), std::string_view("a\xB0z"));
