@@ -29,6 +29,8 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   include/ZOLIDftStyleManager.h
   include/ZOLIDrwStandard.h
   include/ZOLIQelStandard.h
+  include/ZOLIQelStandardCommunication.h
+  include/ZOLIQelStandardContent.h
   include/ZOLIStandardManager.h
   include/ZOLIStandardObject.h
   include/ZOLIStandardValue.h
@@ -59,6 +61,7 @@ set(QELSTD_PUBLIC_HEADER_NAMES
   platform/ZOLIUnknownList.h
   platform/ZOLListValZOLUnicodeString.h
   platform/ZOLMetaClass.h
+  platform/ZOLOmxJsonObject.h
   platform/ZOLOsmDocument.h
   platform/ZOLOsmSUHandler.h
   platform/ZOLQelInstCount.h

@@ -72,3 +72,19 @@ long ListFiledValues(ZOLIDrwStandard* standard, const ZOLUnicodeString& prefix, 
                      ZOLListValZOLUnicodeString& kinds, ZOLListValZOLUnicodeString& values);
 
 }  // namespace ZOLDftStandardServices
+
+// --- Standard text generation ---
+
+#include <string>
+
+#include "ZOLOmxJsonObject.h"
+
+namespace ZOLDftStandardServices {
+
+/// S_OK with text replaced by a standard text written from a description with the objects "EnumDefinition",
+/// "TypeDefinition", "Styles" and "Standard Parameters"; E_UNEXPECTED, with a report and text unchanged,
+/// when one of them is missing or no object. Nothing is escaped: markup in the description lands in the
+/// text as it stands, and the document element is always named "ISO".
+long GenerateStandardXML(const ZOLOmxJsonObject& description, std::string& text);
+
+}  // namespace ZOLDftStandardServices

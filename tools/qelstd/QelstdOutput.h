@@ -3,7 +3,12 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
+#include <string>
 #include <string_view>
+
+#include "QelstdVerb.h"
+#include "ZOLFile.h"
 
 namespace qelstd {
 
@@ -46,6 +51,16 @@ inline int FinishOutput(std::FILE* out) {
     if (WriteError() == 0) WriteError() = errno != 0 ? errno : EIO;
   }
   return WriteError();
+}
+
+/// Writes a whole file through a temporary name and a rename; false, with the error written, when it
+/// could not be put in place (the old file is then as it was).
+inline bool WriteFileWhole(const std::string& path, std::string_view text) {
+  errno = 0;
+  if (ZOLWriteFileAtomically(path.c_str(), text) == S_OK) return true;
+  const int error = errno;
+  Error(path, std::string("cannot be written") + (error ? std::string(": ") + std::strerror(error) : "") + "; nothing was written");
+  return false;
 }
 
 }  // namespace qelstd

@@ -1,14 +1,11 @@
 // qelstd builtin NAME [-o FILE]: writes one of the built-in standard texts.
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 #include <string>
 
 #include "QelstdOutput.h"
 #include "QelstdVerb.h"
 #include "ZOLDftBuiltinStandards.h"
-#include "ZOLFile.h"
 
 namespace {
 
@@ -28,14 +25,7 @@ int RunBuiltin(const BuiltinOptions& options) {
     qelstd::Write(stdout, text->str());
     return qelstd::kDone;
   }
-  errno = 0;
-  if (ZOLWriteFileAtomically(options.output.c_str(), text->str()) != S_OK) {
-    const int error = errno;
-    qelstd::Error(options.output, std::string("cannot be written") + (error ? std::string(": ") + std::strerror(error) : "") +
-                                      "; nothing was written");
-    return qelstd::kNotFound;
-  }
-  return qelstd::kDone;
+  return qelstd::WriteFileWhole(options.output, text->str()) ? qelstd::kDone : qelstd::kNotFound;
 }
 
 void SetupBuiltin(CLI::App& app, int* status) {

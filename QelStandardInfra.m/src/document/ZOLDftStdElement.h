@@ -63,3 +63,19 @@ constexpr bool ZOLDftStdElementIsValue(ZOLDftStdElement element) {
 const ZOLDftXMLNodeID& ZOLDftStdElementID(ZOLDftStdElement element);
 /// The element of the dialect with that namespace URI and local name, or Unknown.
 ZOLDftStdElement ZOLDftStdElementOf(std::string_view namespaceURI, std::string_view localName);
+
+/// The word of a value element in the JSON description of a standard: "int", "double", "string",
+/// "enum", "color"; empty for the other elements.
+constexpr std::string_view ZOLDftStdElementJsonType(ZOLDftStdElement element) {
+  constexpr std::string_view kJsonTypes[] = {"int", "double", "string", "enum", "color"};
+  return ZOLDftStdElementIsValue(element)
+             ? kJsonTypes[static_cast<size_t>(element) - static_cast<size_t>(ZOLDftStdElement::IntVal)]
+             : std::string_view();
+}
+
+/// The value element of a word of the JSON description; Unknown for any other word.
+constexpr ZOLDftStdElement ZOLDftStdElementOfJsonType(std::string_view type) {
+  for (auto e = static_cast<size_t>(ZOLDftStdElement::IntVal); e <= static_cast<size_t>(ZOLDftStdElement::ColorVal); ++e)
+    if (!type.empty() && ZOLDftStdElementJsonType(static_cast<ZOLDftStdElement>(e)) == type) return static_cast<ZOLDftStdElement>(e);
+  return ZOLDftStdElement::Unknown;
+}

@@ -24,6 +24,12 @@ class ZOLIDrwStandard;
 class ZOLIDftStandard;
 class ZOLIQelStandard;
 class ZOLVotStandardLoader;
+class ZOLIQelStandardContent;
+class ZOLIQelStandardCommunication;
+class ZOLOmxJsonObject;
+class QelStdUnitDescription;
+class QelStdToleranceDescription;
+struct ZOLVotStandardContent;
 
 class ZOLVotTransientStandard final : public ZOLBaseUnknown {
 public:
@@ -119,6 +125,15 @@ public:
   /// E_UNEXPECTED when the standard has no "Styles".
   HRESULT GetStyleTypes(ZOLListValZOLUnicodeString* oTypes);
 
+  // Operations of the content face: the formats as description records, read on first use.
+  virtual HRESULT GetUnits(std::vector<std::shared_ptr<QelStdUnitDescription>>& oUnits);
+  virtual HRESULT GetUnit(ZOLUnicodeString iName, std::shared_ptr<QelStdUnitDescription>& oUnit);
+  virtual HRESULT GetTolerances(std::vector<std::shared_ptr<QelStdToleranceDescription>>& oTolerances);
+  virtual HRESULT GetTolerance(ZOLUnicodeString iName, std::shared_ptr<QelStdToleranceDescription>& oTolerance);
+  // Operations of the communication face.
+  virtual HRESULT GetStandardAsJson(ZOLOmxJsonObject& oJson);
+  virtual HRESULT SetStandardFromJson(ZOLOmxJsonObject iJson);
+
   // Content handler and error handler of the load.
   virtual int StartDocument() { return 0; }
   /// Drops the loader of a document driven through the content handler.
@@ -203,6 +218,9 @@ private:
   bool _Loading = false;
   // Style type to default style name, set on this object only; empty after the load.
   std::unordered_map<std::string, ZOLUnicodeString> _DefaultStyles;
+  // The formats and the JSON export, made on first use; shared_ptr since the type is the content face's own.
+  std::shared_ptr<ZOLVotStandardContent> _Content;
+  ZOLVotStandardContent& Content();
 };
 
 /// The TIE creators: a new reference on the attachment of the interface on a standard object
@@ -211,5 +229,7 @@ ZOLIDrwStandard* CreateTIEZOLIDrwStandardZOLVotTransientStandard(ZOLBaseUnknown*
 ZOLIDftStandard* CreateTIEZOLIDftStandardZOLVotTransientStandard(ZOLBaseUnknown* iObject);
 ZOLIQelStandard* CreateTIEZOLIQelStandardZOLVotTransientStandard(ZOLBaseUnknown* iObject);
 ZOLIDftStyleManager* CreateTIEZOLIDftStyleManagerZOLVotTransientStandard(ZOLBaseUnknown* iObject);
+ZOLIQelStandardContent* CreateTIEZOLIQelStandardContentZOLVotTransientStandard(ZOLBaseUnknown* iObject);
+ZOLIQelStandardCommunication* CreateTIEZOLIQelStandardCommunicationZOLVotTransientStandard(ZOLBaseUnknown* iObject);
 ZOLISAXContentHandler* CreateTIEZOLISAXContentHandlerZOLVotTransientStandard(ZOLBaseUnknown* iObject);
 ZOLISAXErrorHandler* CreateTIEZOLISAXErrorHandlerZOLVotTransientStandard(ZOLBaseUnknown* iObject);

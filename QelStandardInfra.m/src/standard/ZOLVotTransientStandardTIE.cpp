@@ -5,6 +5,8 @@
 #include "ZOLIDftStyleManager.h"
 #include "ZOLIDrwStandard.h"
 #include "ZOLIQelStandard.h"
+#include "ZOLIQelStandardCommunication.h"
+#include "ZOLIQelStandardContent.h"
 #include "ZOLTIE.h"
 #include "standard/ZOLVotTransientStandard.h"
 #include "ZOLXMLSAXIds.h"
@@ -94,6 +96,28 @@ public:
   HRESULT Reserved7() override { return _impl->StyleReserved7(); }
 };
 
+class TIEZOLIQelStandardContentZOLVotTransientStandard : public ZOLTIEBase<ZOLIQelStandardContent, Impl> {
+public:
+  using ZOLTIEBase::ZOLTIEBase;
+  ZOLTIEMetaObject(TIEZOLIQelStandardContentZOLVotTransientStandard, ZOLIQelStandardContent::MetaObject())
+  const ZOLMetaClass* GetMetaObject() const override { return MetaObject(); }
+  HRESULT GetUnits(std::vector<std::shared_ptr<QelStdUnitDescription>>& o) override { return _impl->GetUnits(o); }
+  HRESULT GetUnit(ZOLUnicodeString n, std::shared_ptr<QelStdUnitDescription>& o) override { return _impl->GetUnit(std::move(n), o); }
+  HRESULT GetTolerances(std::vector<std::shared_ptr<QelStdToleranceDescription>>& o) override { return _impl->GetTolerances(o); }
+  HRESULT GetTolerance(ZOLUnicodeString n, std::shared_ptr<QelStdToleranceDescription>& o) override {
+    return _impl->GetTolerance(std::move(n), o);
+  }
+};
+
+class TIEZOLIQelStandardCommunicationZOLVotTransientStandard : public ZOLTIEBase<ZOLIQelStandardCommunication, Impl> {
+public:
+  using ZOLTIEBase::ZOLTIEBase;
+  ZOLTIEMetaObject(TIEZOLIQelStandardCommunicationZOLVotTransientStandard, ZOLIQelStandardCommunication::MetaObject())
+  const ZOLMetaClass* GetMetaObject() const override { return MetaObject(); }
+  HRESULT GetStandardAsJson(ZOLOmxJsonObject& oJson) override { return _impl->GetStandardAsJson(oJson); }
+  HRESULT SetStandardFromJson(ZOLOmxJsonObject iJson) override { return _impl->SetStandardFromJson(std::move(iJson)); }
+};
+
 class TIEZOLISAXContentHandlerZOLVotTransientStandard : public ZOLISAXContentHandler {
 public:
   explicit TIEZOLISAXContentHandlerZOLVotTransientStandard(Impl* impl) : _impl(impl) {}
@@ -142,6 +166,14 @@ ZOLIQelStandard* CreateTIEZOLIQelStandardZOLVotTransientStandard(ZOLBaseUnknown*
 ZOLIDftStyleManager* CreateTIEZOLIDftStyleManagerZOLVotTransientStandard(ZOLBaseUnknown* iObject) {
   return ZOLAttachTIE<ZOLIDftStyleManager, TIEZOLIDftStyleManagerZOLVotTransientStandard, Impl>(iObject, IID_ZOLIDftStyleManager);
 }
+ZOLIQelStandardContent* CreateTIEZOLIQelStandardContentZOLVotTransientStandard(ZOLBaseUnknown* iObject) {
+  return ZOLAttachTIE<ZOLIQelStandardContent, TIEZOLIQelStandardContentZOLVotTransientStandard, Impl>(iObject,
+                                                                                                     IID_ZOLIQelStandardContent);
+}
+ZOLIQelStandardCommunication* CreateTIEZOLIQelStandardCommunicationZOLVotTransientStandard(ZOLBaseUnknown* iObject) {
+  return ZOLAttachTIE<ZOLIQelStandardCommunication, TIEZOLIQelStandardCommunicationZOLVotTransientStandard, Impl>(
+      iObject, IID_ZOLIQelStandardCommunication);
+}
 ZOLISAXContentHandler* CreateTIEZOLISAXContentHandlerZOLVotTransientStandard(ZOLBaseUnknown* iObject) {
   return ZOLAttachTIE<ZOLISAXContentHandler, TIEZOLISAXContentHandlerZOLVotTransientStandard, Impl>(iObject, IID_ZOLISAXContentHandler);
 }
@@ -165,6 +197,11 @@ ZOLAttachmentRegistrar s_qel(s_impl, ZOLIQelStandard::MetaObject(),
                              &Attach<ZOLIQelStandard, &CreateTIEZOLIQelStandardZOLVotTransientStandard>);
 ZOLAttachmentRegistrar s_styles(s_impl, ZOLIDftStyleManager::MetaObject(),
                                 &Attach<ZOLIDftStyleManager, &CreateTIEZOLIDftStyleManagerZOLVotTransientStandard>);
+ZOLAttachmentRegistrar s_formats(s_impl, ZOLIQelStandardContent::MetaObject(),
+                                 &Attach<ZOLIQelStandardContent, &CreateTIEZOLIQelStandardContentZOLVotTransientStandard>);
+ZOLAttachmentRegistrar s_communication(
+    s_impl, ZOLIQelStandardCommunication::MetaObject(),
+    &Attach<ZOLIQelStandardCommunication, &CreateTIEZOLIQelStandardCommunicationZOLVotTransientStandard>);
 ZOLAttachmentRegistrar s_content(s_impl, ZOLISAXContentHandlerMetaObject(),
                                  &Attach<ZOLISAXContentHandler, &CreateTIEZOLISAXContentHandlerZOLVotTransientStandard>);
 ZOLAttachmentRegistrar s_error(s_impl, ZOLISAXErrorHandlerMetaObject(),
