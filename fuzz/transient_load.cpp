@@ -3,10 +3,10 @@
 // object's content handler must give the same object, or the same exception.
 #include <cstddef>
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "QelFuzzFiles.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLSysLog.h"
 #include "../tests/common/ZOLTransientLanes.h"
@@ -75,29 +75,19 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   (void)quiet;
   ZOLUnicodeString text(std::string(reinterpret_cast<const char*>(data), size));
   // What each lane made of the text: the object described, or the exception's text.
-  std::string lean, general;
   ZOLIDrwStandard_var s;
-  try {
+  const std::string lean = qelfuzz::ColourFaultOr([&] {
     s = ZOLDftStandardServices::GetStandardFromBuffer(&text, "Fuzz");
-    if (s) lean = ZOLDescribeTransient(*static_cast<ZOLVotTransientStandard*>(s->GetImpl()));
-  } catch (const std::invalid_argument& e) {
-    lean = e.what();
-  } catch (const std::out_of_range& e) {
-    lean = e.what();
-  }
-  try {
+    return s ? ZOLDescribeTransient(*static_cast<ZOLVotTransientStandard*>(s->GetImpl())) : std::string();
+  });
+  qelfuzz::ColourFaultOr([&] {
     if (s) ReadSome(s);
-  } catch (const std::invalid_argument&) {
-  } catch (const std::out_of_range&) {
-  }
-  try {
+    return std::string();
+  });
+  const std::string general = qelfuzz::ColourFaultOr([&] {
     ZOLIDrwStandard_var g = ZOLLoadThroughContentHandler(text.str());
-    general = ZOLDescribeTransient(*static_cast<ZOLVotTransientStandard*>(g->GetImpl()));
-  } catch (const std::invalid_argument& e) {
-    general = e.what();
-  } catch (const std::out_of_range& e) {
-    general = e.what();
-  }
+    return ZOLDescribeTransient(*static_cast<ZOLVotTransientStandard*>(g->GetImpl()));
+  });
   if (lean != general) __builtin_trap();
   return 0;
 }
