@@ -34,22 +34,19 @@ void ReadSome(ZOLIDrwStandard* s) {
     ZOLDftStandardValueType type;
     s->GetValueType(path, &type, &count);
     s->HasNode(path);
-    if (s->GetValue(path, ints.data(), static_cast<int>(ints.size()), &count) == S_FALSE) {
-      ints.resize(static_cast<size_t>(count));
-      if (s->GetValue(path, ints.data(), count, &count) != S_OK) __builtin_trap();
-    }
-    if (s->GetValue(path, reals.data(), static_cast<int>(reals.size()), &count) == S_FALSE) {
-      reals.resize(static_cast<size_t>(count));
-      if (s->GetValue(path, reals.data(), count, &count) != S_OK) __builtin_trap();
-    }
-    pointers.clear();
-    for (ZOLUnicodeString& t : texts) pointers.push_back(&t);
-    if (s->GetValue(path, pointers.data(), static_cast<int>(pointers.size()), &count) == S_FALSE) {
-      texts.resize(static_cast<size_t>(count));
+    auto sized = [&](auto& buffer, auto data) {
+      if (s->GetValue(path, data(), static_cast<int>(buffer.size()), &count) == S_FALSE) {
+        buffer.resize(static_cast<size_t>(count));
+        if (s->GetValue(path, data(), count, &count) != S_OK) __builtin_trap();
+      }
+    };
+    sized(ints, [&] { return ints.data(); });
+    sized(reals, [&] { return reals.data(); });
+    sized(texts, [&] {
       pointers.clear();
       for (ZOLUnicodeString& t : texts) pointers.push_back(&t);
-      if (s->GetValue(path, pointers.data(), count, &count) != S_OK) __builtin_trap();
-    }
+      return pointers.data();
+    });
     // The forms without a capacity write as many as the sized ones told.
     s->GetValue(path, ints.data(), &count);
     s->GetValue(path, reals.data(), &count);

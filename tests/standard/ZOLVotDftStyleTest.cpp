@@ -314,21 +314,8 @@ TEST_F(Styles, BuiltinStylesAreListedOnceAndReadAsTheStandardAtTheirFullPath) {
           ASSERT_EQ(s->GetValue(full.c_str(), b, &nb), S_OK);
           ASSERT_LE(na, nb);
           EXPECT_EQ(std::vector<int>(a, a + na), std::vector<int>(b, b + na));
-        } else if (kind == "reals") {
-          double a[64], b[64];
-          int na = -1, nb = -2;
-          ASSERT_EQ(style->GetValue(path.c_str(), a, &na), S_OK);
-          ASSERT_EQ(s->GetValue(full.c_str(), b, &nb), S_OK);
-          EXPECT_EQ(std::vector<double>(a, a + na), std::vector<double>(b, b + nb));
-        } else if (kind == "strings") {
-          std::vector<ZOLUnicodeString> a(64), b(64);
-          std::vector<ZOLUnicodeString*> pa, pb;
-          for (int j = 0; j < 64; ++j) pa.push_back(&a[j]), pb.push_back(&b[j]);
-          int na = -1, nb = -2;
-          ASSERT_EQ(style->GetValue(path.c_str(), pa.data(), &na), S_OK);
-          ASSERT_EQ(s->GetValue(full.c_str(), pb.data(), &nb), S_OK);
-          ASSERT_EQ(na, nb);
-          for (int j = 0; j < na; ++j) EXPECT_EQ(a[j].str(), b[j].str());
+        } else {
+          ADD_FAILURE() << "no style of a built-in standard holds " << kind;  // lists of reals or texts
         }
       }
     }
