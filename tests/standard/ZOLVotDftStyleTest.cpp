@@ -55,12 +55,16 @@ std::vector<std::string> Listed(ZOLIUnknownList* list) {
   return out;
 }
 
-using Styles = ZOLReportCountTest;
+// The small standard and its style manager, the reports counted.
+class Styles : public ZOLReportCountTest {
+protected:
+  ZOLIDrwStandard_var s = FromBody(kSmall);
+  ZOLIDftStyleManager_var m{s.Get()};
+};
 
 }  // namespace
 
 TEST_F(Styles, TypesAndNamesComeInDocumentOrderAndSkipWhatIsNoStyle) {
-  ZOLIDrwStandard_var s = FromBody(kSmall);
   ZOLListValZOLUnicodeString list;
   list.Append("stale");
   EXPECT_EQ(Impl(s)->GetStyleTypes(&list), S_OK);
@@ -80,8 +84,6 @@ TEST_F(Styles, TypesAndNamesComeInDocumentOrderAndSkipWhatIsNoStyle) {
 }
 
 TEST_F(Styles, GetStylesListsTypeByTypeAndFiltersByType) {
-  ZOLIDrwStandard_var s = FromBody(kSmall);
-  ZOLIDftStyleManager_var m(s.Get());
   ASSERT_FALSE(m.IsNull());
   const std::pair<const wchar_t*, std::vector<std::string>> cases[] = {
       {nullptr, {"B.Default", "B.Thin", "A.X", "A.Y", "C.Z"}},
@@ -108,8 +110,8 @@ TEST_F(Styles, GetStylesListsTypeByTypeAndFiltersByType) {
 }
 
 TEST_F(Styles, DefaultStyleIsDefaultUntilSetOnThatObject) {
-  ZOLIDrwStandard_var s = FromBody(kSmall), other = FromBody(kSmall);
-  ZOLIDftStyleManager_var m(s.Get()), o(other.Get());
+  ZOLIDrwStandard_var other = FromBody(kSmall);
+  ZOLIDftStyleManager_var o(other.Get());
   // The result of the wide read and the name it gave, "<null>" for none.
   auto defaultOf = [](ZOLIDftStyleManager* manager, const wchar_t* type, const wchar_t* context) {
     wchar_t* name = nullptr;
@@ -130,8 +132,6 @@ TEST_F(Styles, DefaultStyleIsDefaultUntilSetOnThatObject) {
 }
 
 TEST_F(Styles, WideFormsRefuseTheirArgumentsAndUnfinishedSlotsReport) {
-  ZOLIDrwStandard_var s = FromBody(kSmall);
-  ZOLIDftStyleManager_var m(s.Get());
   wchar_t set[] = L"x";
   wchar_t* taken = set;
   ZOLIDftStyle* occupied = nullptr;
@@ -175,8 +175,6 @@ TEST_F(Styles, WideFormsRefuseTheirArgumentsAndUnfinishedSlotsReport) {
 }
 
 TEST_F(Styles, GetStyleMakesANewBoundStyleOnEachCallWithoutLookingItUp) {
-  ZOLIDrwStandard_var s = FromBody(kSmall);
-  ZOLIDftStyleManager_var m(s.Get());
   ZOLIDftStyle *first = nullptr, *second = nullptr, *absent = nullptr;
   ASSERT_EQ(m->GetStyle(L"Default", L"B", &first), S_OK);
   ASSERT_EQ(m->GetStyle(L"Default", L"B", &second), S_OK);
@@ -243,7 +241,7 @@ TEST_F(Styles, InitializeBindsOnceAndAnUnboundStyleAnswersNothing) {
   EXPECT_EQ(t.str(), "kept");
   ZOLIDrwStandard_var null;
   EXPECT_EQ(style->Initialize(null, "Default", "B"), E_INVALIDARG);
-  ZOLIDrwStandard_var s = FromBody(kSmall), other = FromBody(kSmall);
+  ZOLIDrwStandard_var other = FromBody(kSmall);
   ASSERT_EQ(style->Initialize(s, "Default", "B"), S_OK);
   EXPECT_EQ(style->Initialize(other, "Thin", "B"), E_FAIL);
   EXPECT_EQ(other->RefCount(), 1u);

@@ -472,16 +472,6 @@ TEST_F(TransientObject, InterfacesAreTIEsOfOneObjectSharingItsCount) {
   EXPECT_EQ(again.Get(), s.Get());  // the same TIE, made once
 }
 
-TEST_F(TransientObject, TwoLoadsOfOneTextAreTwoObjects) {
-  ZOLUnicodeString text(kOpen + Node("A", Int("1")) + kClose);
-  auto a = ZOLDftStandardServices::GetStandardFromBuffer(&text, "A");
-  auto b = ZOLDftStandardServices::GetStandardFromBuffer(&text, "B");
-  EXPECT_NE(a->GetImpl(), b->GetImpl());
-  ZOLUnicodeString name;
-  EXPECT_EQ(b->GetName(name), S_OK);
-  EXPECT_EQ(name, "B");
-}
-
 TEST_F(TransientObject, NullTextAndMissingFileGiveEmptyStandardsWithAReport) {
   auto s = ZOLDftStandardServices::GetStandardFromBuffer(nullptr, "T");
   auto f = ZOLDftStandardServices::GetStandardFromFile("/nonexistent/dir/ISO.xml", "ISO");
