@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <stdexcept>
 #include <string>
 #include <unistd.h>
 
@@ -35,15 +34,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
       doc.Check();
     }
   }
-  try {
+  qelfuzz::ColourFaultOr([&] {
     ZOLIDrwStandard_var s = ZOLDftStandardServices::GetStandardFromFile(path, "Fuzz");
+    ZOLUnicodeString text;
     if (s) {
       s->GetStdVersion();
-      ZOLUnicodeString text;
       s->GetValue("Dimension.ParentStandard", 1, text);
     }
-  } catch (const std::invalid_argument&) {
-  } catch (const std::out_of_range&) {
-  }
+    return text.str();
+  });
   return 0;
 }

@@ -3,10 +3,10 @@
 // object's content handler must give the same object, or the same exception.
 #include <cstddef>
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "QelFuzzFiles.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLSysLog.h"
 #include "../tests/common/ZOLTransientLanes.h"
@@ -34,22 +34,19 @@ void ReadSome(ZOLIDrwStandard* s) {
     ZOLDftStandardValueType type;
     s->GetValueType(path, &type, &count);
     s->HasNode(path);
-    if (s->GetValue(path, ints.data(), static_cast<int>(ints.size()), &count) == S_FALSE) {
-      ints.resize(static_cast<size_t>(count));
-      if (s->GetValue(path, ints.data(), count, &count) != S_OK) __builtin_trap();
-    }
-    if (s->GetValue(path, reals.data(), static_cast<int>(reals.size()), &count) == S_FALSE) {
-      reals.resize(static_cast<size_t>(count));
-      if (s->GetValue(path, reals.data(), count, &count) != S_OK) __builtin_trap();
-    }
-    pointers.clear();
-    for (ZOLUnicodeString& t : texts) pointers.push_back(&t);
-    if (s->GetValue(path, pointers.data(), static_cast<int>(pointers.size()), &count) == S_FALSE) {
-      texts.resize(static_cast<size_t>(count));
+    auto sized = [&](auto& buffer, auto data) {
+      if (s->GetValue(path, data(), static_cast<int>(buffer.size()), &count) == S_FALSE) {
+        buffer.resize(static_cast<size_t>(count));
+        if (s->GetValue(path, data(), count, &count) != S_OK) __builtin_trap();
+      }
+    };
+    sized(ints, [&] { return ints.data(); });
+    sized(reals, [&] { return reals.data(); });
+    sized(texts, [&] {
       pointers.clear();
       for (ZOLUnicodeString& t : texts) pointers.push_back(&t);
-      if (s->GetValue(path, pointers.data(), count, &count) != S_OK) __builtin_trap();
-    }
+      return pointers.data();
+    });
     // The forms without a capacity write as many as the sized ones told.
     s->GetValue(path, ints.data(), &count);
     s->GetValue(path, reals.data(), &count);
@@ -75,29 +72,19 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   (void)quiet;
   ZOLUnicodeString text(std::string(reinterpret_cast<const char*>(data), size));
   // What each lane made of the text: the object described, or the exception's text.
-  std::string lean, general;
   ZOLIDrwStandard_var s;
-  try {
+  const std::string lean = qelfuzz::ColourFaultOr([&] {
     s = ZOLDftStandardServices::GetStandardFromBuffer(&text, "Fuzz");
-    if (s) lean = ZOLDescribeTransient(*static_cast<ZOLVotTransientStandard*>(s->GetImpl()));
-  } catch (const std::invalid_argument& e) {
-    lean = e.what();
-  } catch (const std::out_of_range& e) {
-    lean = e.what();
-  }
-  try {
+    return s ? ZOLDescribeTransient(*static_cast<ZOLVotTransientStandard*>(s->GetImpl())) : std::string();
+  });
+  qelfuzz::ColourFaultOr([&] {
     if (s) ReadSome(s);
-  } catch (const std::invalid_argument&) {
-  } catch (const std::out_of_range&) {
-  }
-  try {
+    return std::string();
+  });
+  const std::string general = qelfuzz::ColourFaultOr([&] {
     ZOLIDrwStandard_var g = ZOLLoadThroughContentHandler(text.str());
-    general = ZOLDescribeTransient(*static_cast<ZOLVotTransientStandard*>(g->GetImpl()));
-  } catch (const std::invalid_argument& e) {
-    general = e.what();
-  } catch (const std::out_of_range& e) {
-    general = e.what();
-  }
+    return ZOLDescribeTransient(*static_cast<ZOLVotTransientStandard*>(g->GetImpl()));
+  });
   if (lean != general) __builtin_trap();
   return 0;
 }

@@ -25,14 +25,6 @@ TEST_F(SymbolTable, CodesAndCharactersAreInverse) {
     EXPECT_EQ(GetSymbolFromTable(symbol), code) << code;
     EXPECT_TRUE(seen.insert(symbol.str()).second) << "code " << code << " repeats " << symbol.str();
   }
-  struct Pair {
-    int code;
-    const char* symbol;
-  };
-  for (Pair p : {Pair{11, "."}, {6, ","}, {5, "\""}, {18, " "}, {9, "X"}, {1, "/"}, {17, "_"}}) {
-    EXPECT_EQ(GetSymbolFromTable(p.code), p.symbol) << p.code;
-    EXPECT_EQ(GetSymbolFromTable(ZOLUnicodeString(p.symbol)), p.code) << p.symbol;
-  }
 }
 
 TEST_F(SymbolTable, UnknownCodesAndSymbols) {

@@ -96,26 +96,6 @@ TEST_F(EngineeringSymbols, TableOfEachContextAndParentThenTheSibling) {
   }
 }
 
-TEST_F(EngineeringSymbols, DiameterIconsOfTheThreeSets) {
-  struct Case {
-    int context, parent;
-    const char* icon16;
-    const char* icon22;
-  } cases[] = {
-      {1, 0, "AAAGAAYAA8AH4A8wGRgZmBmYGJgM8AfgA8AAYABgAAA=",
-       "AAAAAYAAAYAAAcAAAPwAAf4AA+cABmGADmHADHDADDDADDDADDjADhnABhmAA58AAf4AAPwAAA4AAAYAAAYAAAAA"},
-      {0, 0, "AAACAAOAB2AJEBEIEQgRCBCIEIgQiAiQBuABwABAAAA=",
-       "AAAAAEAAAEAAAHgAAcYAAkEABCCACCBACCBACCBACCBACBBACBBACBBACBBABBCAAgkAAY4AAHgAAAgAAAgAAAAA"},
-      {0, 2, "AAAIAAQAB8AGIAoQEQgRCBCIEIgIUARgA+AAIAAQAAA=",
-       "AAAABAAAAgAAAgAAAfwAAQIAAoEABECABECACCBACCBACBBACBBABAiABAiAAgUAAQYAAP4AAAIAAAEAAAEAAAAA"},
-  };
-  for (const Case& c : cases) {
-    Found f = Look("<DIAMETER>", c.context, c.parent);
-    EXPECT_EQ(f.icon16, c.icon16) << c.context << " " << c.parent;
-    EXPECT_EQ(f.icon22, c.icon22) << c.context << " " << c.parent;
-  }
-}
-
 // The spot face of the SYM2 set holds two drawings end to end; every other icon is one drawing.
 TEST_F(EngineeringSymbols, IconsAreOneDrawingButTheSpotFaceOfTheThinSet) {
   const ZOLAnnStdEngSymbolTable* tables[] = {&kEngSymbolTableA, &kEngSymbolTableB, &kEngSymbolTableC};

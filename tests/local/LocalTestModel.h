@@ -12,6 +12,7 @@
 #include "ZOLOsmDocument.h"
 #include "ZOLQelLocalStandardFactory.h"
 #include "ZOLReportCountTest.h"
+#include "local/ZOLQelLocalStandardAttributesJson.h"
 
 namespace localtest {
 
@@ -78,6 +79,13 @@ inline std::string Attribute(ZOLBaseUnknown* object, const char* name = "overloa
   ZOLUnicodeString text("(none)");
   if (key) access->GetString(key.get(), text);
   return text.str();
+}
+
+// The overriding values an object keeps in its attribute, as read back.
+inline OverloadedValueMap Stored(ZOLBaseUnknown* local) {
+  OverloadedValueMap map;
+  ZOLQelLocalStandardAttributes::ParseOverloadedValues(Attribute(local), map);
+  return map;
 }
 
 // A fresh document for each test, with the reports counted.

@@ -8,10 +8,10 @@
 #include "ZOLFile.h"
 #include "ZOLIQelLocalStdManager.h"
 #include "ZOLScratch.h"
-#include "local/ZOLQelLocalStandardAttributesJson.h"
 
 using localtest::Attribute;
 using localtest::LocalModel;
+using localtest::Stored;
 
 namespace {
 
@@ -38,12 +38,6 @@ HRESULT Set(const Local& local, const Row& row) {
 template <class Local>
 HRESULT Get(const Local& local, const Row& row, double& value) {
   return row.index ? local->GetOverloadedValue(row.path, row.index, value) : local->GetOverloadedValue(row.path, value);
-}
-
-OverloadedValueMap Stored(ZOLBaseUnknown* local) {
-  OverloadedValueMap map;
-  ZOLQelLocalStandardAttributes::ParseOverloadedValues(Attribute(local), map);
-  return map;
 }
 
 }  // namespace

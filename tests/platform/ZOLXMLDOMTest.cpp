@@ -9,7 +9,6 @@
 #include "ZOLXMLDOM.h"
 #include "ZOLXMLSAX.h"
 
-
 namespace {
 
 struct Options {
@@ -40,12 +39,6 @@ protected:
 };
 
 }  // namespace
-
-TEST_F(DOMBuilder, SupportsValidationNamespacesAndPrettyPrint) {
-  ZOLListValZOLUnicodeString names;
-  Builder()->GetSupportedOptions(names);
-  for (const char* option : {"ZOLDoValidation", "ZOLEnableNameSpaces", "ZOLFormatPrettyPrint"}) EXPECT_TRUE(names.Locate(option)) << option;
-}
 
 TEST_F(DOMBuilder, UnknownOptionOrNonBooleanValueIsRefused) {
   EXPECT_EQ(Read(*b, "<r/>", doc, Options().Add("ZOLSomething", "true")), E_INVALIDARG);

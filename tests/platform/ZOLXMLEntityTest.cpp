@@ -93,26 +93,14 @@ TEST(XMLEntities, UndeclaredReferenceIsRefusedEvenWhenAnUnreadExternalDtdCouldDe
 }
 
 TEST(XMLEntities, PredefinedEntitiesAndCharacterReferencesStillRead) {
-  const std::string text = "<!DOCTYPE r [<!ELEMENT r ANY>]><r name=\"&lt;&gt;&amp;&apos;&quot;&#65;&#x42;\">&lt;&gt;&amp;&apos;&quot;&#233;</r>";
+  const std::string text = "<!DOCTYPE r [<!ELEMENT r EMPTY>]><r name=\"&lt;&gt;&amp;&apos;&quot;&#65;&#x42;&#233;\"/>";
   ZOLIDOMDocument doc;
-  std::string error;
+  std::string error, name;
   ASSERT_EQ(ReadDOM(text, error, doc), S_OK) << error;
   ZOLIDOMElement top;
   doc.GetDocumentElement(top);
-  std::string name;
   EXPECT_EQ(top.GetAttributeNS("", "name", name), S_OK);
-  EXPECT_EQ(name, "<>&'\"AB");
-  ZOLIDOMNodeList children;
-  top.GetChildNodes(children);
-  std::string text2;
-  for (int i = 0; i < children.GetLength(); ++i) {
-    ZOLIDOMNode child;
-    children.Item(i, child);
-    std::string_view piece;
-    child.GetNodeValue(piece);
-    text2 += piece;
-  }
-  EXPECT_EQ(text2, "<>&'\"\xc3\xa9");
+  EXPECT_EQ(name, "<>&'\"AB\xc3\xa9");
   Fatals sax;
   EXPECT_EQ(ReadSAX(text, sax), S_OK);
   EXPECT_TRUE(sax.fatals.empty());

@@ -132,19 +132,3 @@ TEST_F(DefaultStandards, AnsiAsmeIsLocatedButGivesNull) {
   EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
   reports = 1;
 }
-
-TEST_F(DefaultStandards, IsoAnswersThroughEveryInterface) {
-  auto iso = ZOLDftStandardServices::GetOOTBStandard("ISO", 0);
-  ASSERT_FALSE(iso.IsNull());
-  double size = 0;
-  EXPECT_EQ(iso->GetValue("Text.Default.Font.Size", 1, size), S_OK);
-  EXPECT_EQ(size, 3.5);
-  ZOLDrwStdSheetFormat* formats = nullptr;
-  int count = 0;
-  ASSERT_EQ(ZOLDftStandardServices::GetSheetFormats(ZOLIDftStandard_var(iso), &formats, count), S_OK);
-  EXPECT_GT(count, 0);
-  delete[] formats;
-  int index = 0;
-  EXPECT_EQ(iso->GetThicknessIndex(0.13, &index), S_OK);
-  EXPECT_EQ(index, 1);
-}

@@ -2,6 +2,7 @@
 #pragma once
 #include <string>
 
+#include "ZOLDftBuiltinStandards.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLIDrwStandard.h"
 #include "ZOLUnicodeString.h"
@@ -20,6 +21,11 @@ inline ZOLIDrwStandard_var LoadText(const std::string& text) {
 
 /// A standard named "T" whose root node holds body.
 inline ZOLIDrwStandard_var FromBody(const std::string& body) { return LoadText(kStdOpen + body + kStdClose); }
+
+/// One of the built-in standards, loaded under its own name.
+inline ZOLIDrwStandard_var Builtin(const char* name) {
+  return ZOLDftStandardServices::GetStandardFromBuffer(ZOLDftBuiltinStandards::GetText(name), name);
+}
 
 inline ZOLVotTransientStandard* Impl(ZOLIDrwStandard* s) { return dynamic_cast<ZOLVotTransientStandard*>(s->GetImpl()); }
 

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "ZOLDftBuiltinStandards.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLIDftStyle.h"
 #include "ZOLIDftStyleManager.h"
@@ -15,11 +14,10 @@
 
 namespace {
 
+using qeltest::Builtin;
 using qeltest::FromBody;
 using qeltest::Impl;
 using qeltest::Narrow;
-
-ZOLIDrwStandard_var Builtin(const char* name) { return ZOLDftStandardServices::GetStandardFromBuffer(ZOLDftBuiltinStandards::GetText(name), name); }
 
 std::string N(const std::string& name, const std::string& inner) { return qeltest::Node(name, inner); }
 
@@ -57,12 +55,16 @@ std::vector<std::string> Listed(ZOLIUnknownList* list) {
   return out;
 }
 
-using Styles = ZOLReportCountTest;
+// The small standard and its style manager, the reports counted.
+class Styles : public ZOLReportCountTest {
+protected:
+  ZOLIDrwStandard_var s = FromBody(kSmall);
+  ZOLIDftStyleManager_var m{s.Get()};
+};
 
 }  // namespace
 
 TEST_F(Styles, TypesAndNamesComeInDocumentOrderAndSkipWhatIsNoStyle) {
-  ZOLIDrwStandard_var s = FromBody(kSmall);
   ZOLListValZOLUnicodeString list;
   list.Append("stale");
   EXPECT_EQ(Impl(s)->GetStyleTypes(&list), S_OK);
@@ -82,8 +84,6 @@ TEST_F(Styles, TypesAndNamesComeInDocumentOrderAndSkipWhatIsNoStyle) {
 }
 
 TEST_F(Styles, GetStylesListsTypeByTypeAndFiltersByType) {
-  ZOLIDrwStandard_var s = FromBody(kSmall);
-  ZOLIDftStyleManager_var m(s.Get());
   ASSERT_FALSE(m.IsNull());
   const std::pair<const wchar_t*, std::vector<std::string>> cases[] = {
       {nullptr, {"B.Default", "B.Thin", "A.X", "A.Y", "C.Z"}},
@@ -110,8 +110,8 @@ TEST_F(Styles, GetStylesListsTypeByTypeAndFiltersByType) {
 }
 
 TEST_F(Styles, DefaultStyleIsDefaultUntilSetOnThatObject) {
-  ZOLIDrwStandard_var s = FromBody(kSmall), other = FromBody(kSmall);
-  ZOLIDftStyleManager_var m(s.Get()), o(other.Get());
+  ZOLIDrwStandard_var other = FromBody(kSmall);
+  ZOLIDftStyleManager_var o(other.Get());
   // The result of the wide read and the name it gave, "<null>" for none.
   auto defaultOf = [](ZOLIDftStyleManager* manager, const wchar_t* type, const wchar_t* context) {
     wchar_t* name = nullptr;
@@ -131,9 +131,7 @@ TEST_F(Styles, DefaultStyleIsDefaultUntilSetOnThatObject) {
   reports = 3;
 }
 
-TEST_F(Styles, WideFormsRefuseTheirArguments) {
-  ZOLIDrwStandard_var s = FromBody(kSmall);
-  ZOLIDftStyleManager_var m(s.Get());
+TEST_F(Styles, WideFormsRefuseTheirArgumentsAndUnfinishedSlotsReport) {
   wchar_t set[] = L"x";
   wchar_t* taken = set;
   ZOLIDftStyle* occupied = nullptr;
@@ -158,6 +156,8 @@ TEST_F(Styles, WideFormsRefuseTheirArguments) {
       {"SetDefaultStyle, empty name", m->SetDefaultStyle(L"A", L"", nullptr), E_INVALIDARG, 1},
       {"SetDefaultStyle, null type", m->SetDefaultStyle(nullptr, L"X", nullptr), E_INVALIDARG, 1},
       {"GetStdVersion, null output", m->GetStdVersion(nullptr), E_INVALIDARG, 1},
+      {"unfinished slot 3", m->Reserved3(), E_NOTIMPL, 1},
+      {"unfinished slot 7", m->Reserved7(), E_NOTIMPL, 1},
   };
   for (const Case& c : cases) {
     EXPECT_EQ(c.got, c.expected) << c.what;
@@ -168,23 +168,13 @@ TEST_F(Styles, WideFormsRefuseTheirArguments) {
   EXPECT_EQ(taken, set);
   occupied->Release();
   EXPECT_EQ(r.Count(), reports);
+  EXPECT_EQ(r.CountContaining("TO_BE_IMPLEMENTED..."), 2);
   wchar_t* name = nullptr;
   ASSERT_EQ(m->GetDefaultStyle(L"A", &name, nullptr), S_OK);
   EXPECT_EQ(Narrow(name), "Default");  // the refused set changed nothing
 }
 
-TEST_F(Styles, UnfinishedSlotsReportAndAreNotImplemented) {
-  ZOLIDrwStandard_var s = FromBody(kSmall);
-  ZOLIDftStyleManager_var m(s.Get());
-  EXPECT_EQ(m->Reserved3(), E_NOTIMPL);
-  EXPECT_EQ(m->Reserved7(), E_NOTIMPL);
-  EXPECT_EQ(r.CountContaining("TO_BE_IMPLEMENTED..."), 2);
-  reports = 2;
-}
-
 TEST_F(Styles, GetStyleMakesANewBoundStyleOnEachCallWithoutLookingItUp) {
-  ZOLIDrwStandard_var s = FromBody(kSmall);
-  ZOLIDftStyleManager_var m(s.Get());
   ZOLIDftStyle *first = nullptr, *second = nullptr, *absent = nullptr;
   ASSERT_EQ(m->GetStyle(L"Default", L"B", &first), S_OK);
   ASSERT_EQ(m->GetStyle(L"Default", L"B", &second), S_OK);
@@ -251,7 +241,7 @@ TEST_F(Styles, InitializeBindsOnceAndAnUnboundStyleAnswersNothing) {
   EXPECT_EQ(t.str(), "kept");
   ZOLIDrwStandard_var null;
   EXPECT_EQ(style->Initialize(null, "Default", "B"), E_INVALIDARG);
-  ZOLIDrwStandard_var s = FromBody(kSmall), other = FromBody(kSmall);
+  ZOLIDrwStandard_var other = FromBody(kSmall);
   ASSERT_EQ(style->Initialize(s, "Default", "B"), S_OK);
   EXPECT_EQ(style->Initialize(other, "Thin", "B"), E_FAIL);
   EXPECT_EQ(other->RefCount(), 1u);
@@ -322,21 +312,8 @@ TEST_F(Styles, BuiltinStylesAreListedOnceAndReadAsTheStandardAtTheirFullPath) {
           ASSERT_EQ(s->GetValue(full.c_str(), b, &nb), S_OK);
           ASSERT_LE(na, nb);
           EXPECT_EQ(std::vector<int>(a, a + na), std::vector<int>(b, b + na));
-        } else if (kind == "reals") {
-          double a[64], b[64];
-          int na = -1, nb = -2;
-          ASSERT_EQ(style->GetValue(path.c_str(), a, &na), S_OK);
-          ASSERT_EQ(s->GetValue(full.c_str(), b, &nb), S_OK);
-          EXPECT_EQ(std::vector<double>(a, a + na), std::vector<double>(b, b + nb));
-        } else if (kind == "strings") {
-          std::vector<ZOLUnicodeString> a(64), b(64);
-          std::vector<ZOLUnicodeString*> pa, pb;
-          for (int j = 0; j < 64; ++j) pa.push_back(&a[j]), pb.push_back(&b[j]);
-          int na = -1, nb = -2;
-          ASSERT_EQ(style->GetValue(path.c_str(), pa.data(), &na), S_OK);
-          ASSERT_EQ(s->GetValue(full.c_str(), pb.data(), &nb), S_OK);
-          ASSERT_EQ(na, nb);
-          for (int j = 0; j < na; ++j) EXPECT_EQ(a[j].str(), b[j].str());
+        } else {
+          ADD_FAILURE() << "no style of a built-in standard holds " << kind;  // lists of reals or texts
         }
       }
     }
@@ -353,9 +330,6 @@ TEST_F(Styles, BuiltinStylesAreListedOnceAndReadAsTheStandardAtTheirFullPath) {
     EXPECT_EQ(count, 3);
     ZOLDftStandardValueType type = ZOLDftStandardValueTypeUnknown;
     EXPECT_EQ(curve->GetValueType("ControlPoints", &type, &count), E_UNEXPECTED);  // nodes have no value type
-    ZOLUnicodeString point;
-    EXPECT_EQ(curve->GetValue("ControlPoints.PointType", 1, point), S_OK);
-    EXPECT_FALSE(point.IsEmpty());
     curve->Release();
     reports += 2;
   }

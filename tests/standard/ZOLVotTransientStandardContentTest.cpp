@@ -8,26 +8,18 @@
 
 #include "QelStandardServices.h"
 #include "ZOLClassDictionary.h"
-#include "ZOLDftBuiltinStandards.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLIQelStandardCommunication.h"
 #include "ZOLIQelStandardContent.h"
+#include "ZOLStandardObjectTestSupport.h"
 #include "ZOLTestReports.h"
 
 namespace {
 
 using Json = nlohmann::ordered_json;
 
-const std::string kOpen = "<std:node xmlns:std=\"http://www.qelstandardinfra.org/std\" name=\"drafting\">";
-
-ZOLIDrwStandard_var FromBody(const std::string& body) {
-  ZOLUnicodeString text(kOpen + body + "</std:node>");
-  return ZOLDftStandardServices::GetStandardFromBuffer(&text, "T");
-}
-
-ZOLIDrwStandard_var Builtin(const std::string& name) {
-  return ZOLDftStandardServices::GetStandardFromBuffer(ZOLDftBuiltinStandards::GetText(name), name.c_str());
-}
+using qeltest::Builtin;
+using qeltest::FromBody;
 
 Json Export(ZOLIDrwStandard* standard) {
   ZOLOmxJsonObject json;
