@@ -80,10 +80,18 @@ TEST_F(StandardValue, EverySlotButTheReadsIsAReportedStub) {
   ZOLIStandardObject_var o(v.Get());
   ASSERT_FALSE(m.IsNull());
   ASSERT_FALSE(o.IsNull());
-  // The first and last slot of each face.
   std::vector<std::function<HRESULT()>> stubs = {
-      [&] { return v->Reserved1(); }, [&] { return v->Reserved24(); }, [&] { return m->Reserved1(); },
-      [&] { return m->Reserved12(); }, [&] { return o->Reserved2(); }, [&] { return o->Reserved3(); },
+      [&] { return v->Reserved1(); },  [&] { return v->Reserved2(); },  [&] { return v->Reserved3(); },
+      [&] { return v->Reserved4(); },  [&] { return v->Reserved10(); }, [&] { return v->Reserved11(); },
+      [&] { return v->Reserved12(); }, [&] { return v->Reserved13(); }, [&] { return v->Reserved14(); },
+      [&] { return v->Reserved15(); }, [&] { return v->Reserved16(); }, [&] { return v->Reserved17(); },
+      [&] { return v->Reserved18(); }, [&] { return v->Reserved19(); }, [&] { return v->Reserved20(); },
+      [&] { return v->Reserved21(); }, [&] { return v->Reserved22(); }, [&] { return v->Reserved23(); },
+      [&] { return v->Reserved24(); }, [&] { return m->Reserved1(); },  [&] { return m->Reserved3(); },
+      [&] { return m->Reserved4(); },  [&] { return m->Reserved5(); },  [&] { return m->Reserved6(); },
+      [&] { return m->Reserved7(); },  [&] { return m->Reserved8(); },  [&] { return m->Reserved9(); },
+      [&] { return m->Reserved10(); }, [&] { return m->Reserved11(); }, [&] { return m->Reserved12(); },
+      [&] { return o->Reserved2(); },  [&] { return o->Reserved3(); },
   };
   for (size_t k = 0; k < stubs.size(); ++k) EXPECT_EQ(stubs[k](), E_NOTIMPL) << "stub " << k;
   EXPECT_EQ(r.CountContaining("NOT_IMPLEMENTED..."), static_cast<int>(stubs.size()));
