@@ -149,13 +149,14 @@ TEST_F(ParentStandard, MissingNodeGivesEmptyParentNotIsoToWhichNoMaskApplies) {
 }
 
 // An empty file name decodes nothing and encodes nothing; a missing file gives an empty tree,
-// which has no Annotation node and so dates as release 9.
+// which has no Annotation node and so dates as release 9, and is known as failed.
 TEST_F(Decode, EmptyFileNameDecodesNothingAndAMissingFileAnEmptyTree) {
   ZOLUnicodeString empty, missing("/nonexistent-dir/none.xml");
-  for (auto [file, version] : {std::pair(&empty, 0), {&missing, 1}}) {
+  for (auto [file, version, failed] : {std::tuple(&empty, 0, false), {&missing, 1, true}}) {
     ZOLDrwParseStandard d(*file);
     d.Decode();
     EXPECT_EQ(d.GetVersion(), version) << file->str();
+    EXPECT_EQ(d.DecodeFailed(), failed) << file->str();
     EXPECT_EQ(d.GetParentStandard().str(), "") << file->str();
   }
   ZOLDrwParseStandard d(empty);
@@ -401,7 +402,9 @@ TEST(Encode, CurrentStandardRunsNothingAndIsSavedUnderItsNameInTheDirectory) {
   ZOLTestReports r;
   ZOLUnicodeString name(dir / "Company.xml");
   ZOLDrwParseStandard d(name);
+  EXPECT_FALSE(d.DecodeFailed()) << "nothing decoded yet";
   d.Decode();
+  EXPECT_FALSE(d.DecodeFailed());
   EXPECT_EQ(d.GetVersion(), 290);
   EXPECT_EQ(d.GetParentStandard().str(), "ISO");
   ZOLUnicodeString out;
