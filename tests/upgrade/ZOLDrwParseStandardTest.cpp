@@ -252,9 +252,6 @@ TEST_F(UpgradeWalk, ShippedChainListsEveryStageInOrder) {
   ASSERT_EQ(stages.size(), 29u);
   EXPECT_TRUE(stages[0].fromFlatText);
   EXPECT_EQ(stages[0].from, 0);
-  EXPECT_EQ(stages[2].from, 2);
-  EXPECT_EQ(stages[2].to, 30);
-  EXPECT_STREQ(stages[6].step, "Migrate14To15");
   for (size_t i = 1; i < stages.size(); ++i) {
     EXPECT_FALSE(stages[i].fromFlatText);
     EXPECT_EQ(stages[i].from, stages[i - 1].to) << "stage " << i + 1;
