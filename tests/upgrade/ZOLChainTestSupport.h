@@ -231,6 +231,15 @@ inline const char* SymbolRow(int n, const char* field) {
   return probes.emplace_back("Root.EngineeringSymbols.EngineeringSymbol{" + std::to_string(n) + "}@" + field).c_str();
 }
 
+/// The names the rows of the step and chain tests are written with.
+namespace rows {
+using qeltest::Expect;
+using qeltest::kAbsent;
+using qeltest::SymbolRow;
+inline constexpr int ANSI = 1, ASME = 2, ISO = 4, JIS = 8, AA = ANSI | ASME, IJ = ISO | JIS, ALL = 0;
+inline constexpr int WITHOUT = kWithout, WITH = kWith;
+}  // namespace rows
+
 /// Runs one stage for each parent and both settings of the option; no run raises a report.
 class StepTest : public ZOLReportCountTest {
 protected:

@@ -14,12 +14,7 @@
 
 namespace {
 
-using qeltest::Expect;
-using qeltest::kAbsent;
-using qeltest::SymbolRow;
-
-constexpr int ANSI = 1, ISO = 4, JIS = 8, AA = 3, IJ = 12, ALL = 0;
-constexpr int WITHOUT = qeltest::kWithout, WITH = qeltest::kWith;
+using namespace qeltest::rows;
 
 class NewerStep : public qeltest::StepTest {};
 
