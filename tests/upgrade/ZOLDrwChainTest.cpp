@@ -154,10 +154,7 @@ TEST_F(Chain, Release9FileReachesLevel290InOneEncodeWithEveryStepsMark) {
       ZOLAnnStandardXMLParser decoded;
       ASSERT_EQ(decoded.DecodeXML(first, 0), 0) << run;
       EXPECT_EQ(decoded.Check(), 1) << run << ": every enumerated value is defined";
-      for (const Expect& row : rows)
-        if (qeltest::Applies(row, parent.bit, option)) {
-          EXPECT_EQ(qeltest::Probe(decoded, row.probe), row.after) << run << ": " << row.probe;
-        }
+      qeltest::CheckRows(decoded, rows, parent.bit, option, run);
       if (!option) CheckLineFont(decoded, parent.name);
       ZOLUnicodeString text(first);
       ZOLIDrwStandard_var fromText = ZOLDftStandardServices::GetStandardFromBuffer(&text, parent.name);
@@ -198,7 +195,7 @@ TEST_F(Chain, UnknownParentTakesTheElseBranchesAndGetsNoSheetFormats) {
       {"Root.Styles.ProjectionCallout.Default.Arrows.Thickness", nullptr, "4"},
       {"Root.Styles.ProjectionCallout.Default.Type", nullptr, "Lines, corners and arrows"},
   };
-  for (const Expect& row : rows) EXPECT_EQ(qeltest::Probe(d.Tree(), row.probe), row.after) << row.probe;
+  qeltest::CheckRows(d.Tree(), rows, 0, true, "DIN");
   // The option's first change asks for the parent's flag: reported once, and nothing changes.
   EXPECT_EQ(r.CountContaining("Unknown parent standard!!"), 1);
   reports = 2;
@@ -207,30 +204,25 @@ TEST_F(Chain, UnknownParentTakesTheElseBranchesAndGetsNoSheetFormats) {
 // The clones of later releases: TED and BasicDimension behind Default, and the curvilinear family
 // behind the distance family, each on a standard of level 110.
 TEST_F(Chain, StyleBuildersCloneDefaultAndTheDistanceFamilyByParent) {
-  struct Row {
-    const char* probe;
-    const char* after;
-    int parents;
-  };
-  const Row rows[] = {
-      {"Root.Styles.DistanceLengthDimension>", "Default,TED,BasicDimension", 0},
-      {"Root.Styles.DistanceLengthDimension.TED.Value.OffsetY", "4.0", ISO},
-      {"Root.Styles.DistanceLengthDimension.TED.Value.OffsetY", "2.5", JIS},
-      {"Root.Styles.DistanceLengthDimension.TED.Value.OffsetY", "0.0", AA},
-      {"Root.Styles.DistanceLengthDimension.TED.Framing.FramedGroup", "Both values separately", 0},
-      {"Root.Styles.DistanceLengthDimension.Default.Framing.Frame", "None", 0},
-      {"Root.Styles.DistanceLengthDimension.BasicDimension.Framing.Frame", "Rectangle", 0},
-      {"Root.Styles.DistanceLengthDimension.BasicDimension.Framing.FramedGroup", "Main value", 0},
-      {"Root.Styles.CurvilinearLengthDimension^", "6", 0},
-      {"Root.Styles.DistanceLengthDimension^", "5", 0},
-      {"Root.Styles.CurvilinearLengthDimension.TED.AssociatedTexts.MainValue.Prefix", "<LINEPROFILE>", IJ},
-      {"Root.Styles.CurvilinearLengthDimension.BasicDimension.AssociatedTexts.MainValue.Prefix", "", IJ},
-      {"Root.Styles.CurvilinearLengthDimension.Default.AssociatedTexts.MainValue.Prefix", "", AA},
-      {"Root.Styles.DistanceLengthDimension.TED.AssociatedTexts.MainValue.Prefix", "", 0},
-      {"Root.Dimension.CurvilinearLengthSymbol.STDDimDisplayArcSymbol", "1", IJ},
-      {"Root.Dimension.CurvilinearLengthSymbol.STDDimDisplayArcSymbol", "2", AA},
-      {"Root.Styles.Text.Default.WitnessLine>", "Color,Linetype,Thickness", 0},
-      {"Root.Styles.Text.Default.WitnessLine.Linetype", "3", 0},
+  const Expect rows[] = {
+      {"Root.Styles.DistanceLengthDimension>", nullptr, "Default,TED,BasicDimension"},
+      {"Root.Styles.DistanceLengthDimension.TED.Value.OffsetY", nullptr, "4.0", ISO},
+      {"Root.Styles.DistanceLengthDimension.TED.Value.OffsetY", nullptr, "2.5", JIS},
+      {"Root.Styles.DistanceLengthDimension.TED.Value.OffsetY", nullptr, "0.0", AA},
+      {"Root.Styles.DistanceLengthDimension.TED.Framing.FramedGroup", nullptr, "Both values separately"},
+      {"Root.Styles.DistanceLengthDimension.Default.Framing.Frame", nullptr, "None"},
+      {"Root.Styles.DistanceLengthDimension.BasicDimension.Framing.Frame", nullptr, "Rectangle"},
+      {"Root.Styles.DistanceLengthDimension.BasicDimension.Framing.FramedGroup", nullptr, "Main value"},
+      {"Root.Styles.CurvilinearLengthDimension^", nullptr, "6"},
+      {"Root.Styles.DistanceLengthDimension^", nullptr, "5"},
+      {"Root.Styles.CurvilinearLengthDimension.TED.AssociatedTexts.MainValue.Prefix", nullptr, "<LINEPROFILE>", IJ},
+      {"Root.Styles.CurvilinearLengthDimension.BasicDimension.AssociatedTexts.MainValue.Prefix", nullptr, "", IJ},
+      {"Root.Styles.CurvilinearLengthDimension.Default.AssociatedTexts.MainValue.Prefix", nullptr, "", AA},
+      {"Root.Styles.DistanceLengthDimension.TED.AssociatedTexts.MainValue.Prefix", nullptr, ""},
+      {"Root.Dimension.CurvilinearLengthSymbol.STDDimDisplayArcSymbol", nullptr, "1", IJ},
+      {"Root.Dimension.CurvilinearLengthSymbol.STDDimDisplayArcSymbol", nullptr, "2", AA},
+      {"Root.Styles.Text.Default.WitnessLine>", nullptr, "Color,Linetype,Thickness"},
+      {"Root.Styles.Text.Default.WitnessLine.Linetype", nullptr, "3"},
   };
   for (const qeltest::Parent& parent : qeltest::kParents) {
     At110 std(parent.name);
@@ -241,11 +233,7 @@ TEST_F(Chain, StyleBuildersCloneDefaultAndTheDistanceFamilyByParent) {
     AddWitnessLine(p, "Text");
     AddTedStyle(p, parent.name, "NoSuchFamily");
     AddWitnessLine(p, "NoSuchFamily");
-    for (const Row& row : rows) {
-      if (!row.parents || (row.parents & parent.bit)) {
-        EXPECT_EQ(qeltest::Probe(*p, row.probe), row.after) << parent.name << ": " << row.probe;
-      }
-    }
+    qeltest::CheckRows(*p, rows, parent.bit, false, parent.name);
   }
   EXPECT_EQ(r.Count(), 0);
   ZOLAnnStandardXMLParser empty;
