@@ -103,14 +103,17 @@ std::string Fonts(Driver& d) {
 
 class DriverTest : public ZOLReportCountTest {
 protected:
-  // Runs a recording chain over a decoded tree of parent ISO from start to target: the stages that ran.
+  // Runs a recording chain over a decoded tree of parent ISO from start to target: the stages that
+  // ran; the outcome is kept.
   std::vector<int> Walk(int start, int target, std::vector<ZOLDrwMigrationStage> chain = RecordingChain()) {
     Decoded d(name, WithParent("ISO"), chain);
     g_ran.clear();
     d.Upgrade(start, target);
+    outcome = d.GetOutcome();
     return g_ran;
   }
   ZOLUnicodeString name{"std.xml"};
+  ZOLDrwParseStandard::Outcome outcome;
 };
 class ParentStandard : public DriverTest {};
 class Decode : public DriverTest {};
@@ -200,12 +203,8 @@ TEST_F(UpgradeWalk, TargetStopsTheChainAtItsLevel) {
 TEST_F(UpgradeWalk, DecodedTreeAtLevelZeroOrBelowEndsThePassAtTheFlatTextStage) {
   for (int start : {-1, 0}) {
     r.Clear();
-    std::vector<ZOLDrwMigrationStage> chain = RecordingChain();
-    Decoded d(name, WithParent("ISO"), chain);
-    g_ran.clear();
-    d.Upgrade(start, -1);
-    EXPECT_EQ(g_ran, std::vector<int>{}) << start;
-    EXPECT_TRUE(d.GetOutcome().stoppedByGuard);
+    EXPECT_EQ(Walk(start, -1), std::vector<int>{}) << start;
+    EXPECT_TRUE(outcome.stoppedByGuard);
     EXPECT_EQ(r.CountContaining("BOOL IS FALSE"), 1);
     EXPECT_EQ(r.Count(), 1);
   }
