@@ -1,15 +1,12 @@
-// The upgrade driver on any text as a standard file: decode, version, parent, and an upgrade into
-// a temporary directory (which stops, and says so, at the first stage that is not built yet).
+// The upgrade driver on any text as a standard file, a tree or flat text: decode, version, parent,
+// and an upgrade to the current level into a temporary directory.
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <string>
-#include <unistd.h>
 
 #include "QelFuzzFiles.h"
 #include "ZOLDrwParseStandard.h"
-#include "ZOLSysLog.h"
 
 namespace {
 

@@ -1,4 +1,5 @@
-// Decoding the built-in standards and reading their trees, for the tests of the built-in texts.
+// Decoding the built-in standards and reading their trees, for the tests of the built-in texts;
+// the one-line dump of a tree serves the codec tests too.
 #pragma once
 #include <gtest/gtest.h>
 

@@ -6,9 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "ZOLAnnStandardXMLNode.h"
-#include "ZOLAnnStandardXMLParser.h"
-#include "ZOLAnnStandardXMLValue.h"
+#include "BuiltinTestSupport.h"
 #include "ZOLDftStandardServices.h"
 #include "ZOLIQelStandardCommunication.h"
 #include "ZOLTestReports.h"
@@ -29,24 +27,6 @@ std::string Description(const std::string& enums, const std::string& types, cons
                         const std::string& parameters) {
   return R"({"EnumDefinition":)" + enums + R"(,"TypeDefinition":)" + types + R"(,"Styles":)" + styles +
          R"(,"Standard Parameters":)" + parameters + "}";
-}
-
-// The decoded tree, one line per node or value: kind, name and value, indented by depth.
-void Outline(const ZOLAnnStandardXMLNode* node, int depth, std::string& out) {
-  const std::string indent(static_cast<size_t>(depth) * 2, ' ');
-  out += indent + std::to_string(node->GetNodeType()) + " " + node->Name().str() + "\n";
-  for (const ZOLAnnStandardXMLValue* v : node->Values())
-    out += indent + "  =" + std::to_string(v->GetType()) + " " + v->Name().str() + " " + v->Value().str() + "\n";
-  for (const ZOLAnnStandardXMLNode* c : node->SubNodes()) Outline(c, depth + 1, out);
-}
-
-std::string Decoded(const std::string& text) {
-  ZOLAnnStandardXMLParser parser;
-  EXPECT_EQ(parser.DecodeXML(ZOLUnicodeString(text), 0), 0) << text;
-  std::string out;
-  for (const ZOLAnnStandardXMLNode* root : {parser.EnumRoot(), parser.TypeDefRoot(), parser.Root()})
-    if (root) Outline(root, 0, out);
-  return out;
 }
 
 TEST(GenerateStandardXML, MinimalDescriptionGivesTheHeaderAndAnEmptyStyles) {
@@ -114,34 +94,14 @@ TEST(GenerateStandardXML, FullDescriptionDecodesNodeByNode) {
           "Formats":{"type":"typeval","typeval":"Rec","array":[{"I":{"type":"int","value":5},"E":{"type":"enum","value":"No"}}]},
           "List":{"array":[{"type":"double","value":0.5},{"type":"double","value":-2}]}})"));
   EXPECT_EQ(text.find('\n'), std::string::npos);
-  EXPECT_EQ(Decoded(text),
-            "0 Enum\n"
-            "  3 YesNo\n"
-            "    =3  No\n"
-            "    =3  Yes\n"
-            "0 TypeDef\n"
-            "  2 Rec\n"
-            "    =1 I 3\n"
-            "    =2 D 0.250000\n"
-            "    =3 S s\n"
-            "    =4 E Yes\n"
-            "0 Root\n"
-            "  1 Styles\n"
-            "    1 Curve\n"
-            "      1 Default\n"
-            "        1 Color\n"
-            "          =5  255 0 0\n"
-            "        1 Show\n"
-            "          =4 YesNo Yes\n"
-            "  1 Version\n"
-            "    =1  290\n"
-            "  1 Formats\n"
-            "    4 Rec\n"
-            "      =1 I 5\n"
-            "      =4 E No\n"
-            "  1 List\n"
-            "    =2  0.500000\n"
-            "    =2  -2.000000\n");
+  ZOLAnnStandardXMLParser parser;
+  ASSERT_EQ(parser.DecodeXML(ZOLUnicodeString(text), 0), 0) << text;
+  // A type definition keeps its members of a known type, each with its default.
+  EXPECT_EQ(builtintest::Dump(parser.EnumRoot()) + builtintest::Dump(parser.TypeDefRoot()),
+            "0:Enum{3:YesNo{3//No/0;3//Yes/0;}}0:TypeDef{2:Rec{1/I/3/0;2/D/0.250000/0;3/S/s/0;4/E/Yes/0;}}");
+  EXPECT_EQ(builtintest::Dump(parser.Root()),
+            "0:Root{1:Styles{1:Curve{1:Default{1:Color{5//255 0 0/0;}1:Show{4/YesNo/Yes/0;}}}}1:Version{1//290/0;}"
+            "1:Formats{4:Rec{1/I/5/0;4/E/No/0;}}1:List{2//0.500000/0;2//-2.000000/0;}}");
 }
 
 // Every filed value of a standard object: "key kind value" lines.

@@ -30,7 +30,6 @@ std::vector<Text> BadTexts() {
   return {
       {"NUL", std::string("a\0b", 3)},
       {"control character", "a\x01z"},
-      {"escape", "\x1b[0m"},
       {"truncated sequence", "a\xe2\x82"},
       {"lone continuation byte", "\x80"},
       {"overlong form", "\xc0\xaf"},

@@ -199,6 +199,15 @@ inline bool Applies(const Expect& row, int parentBit, bool option) {
   return !((row.option == kWithout && option) || (row.option == kWith && !option));
 }
 
+/// Checks the rows that apply to a parent and a setting of the option on a tree; run names the case.
+inline void CheckRows(ZOLAnnStandardXMLParser& tree, std::span<const Expect> rows, int parentBit, bool option,
+                      const std::string& run) {
+  for (const Expect& row : rows)
+    if (Applies(row, parentBit, option)) {
+      EXPECT_EQ(Probe(tree, row.probe), row.after) << run << ": " << row.probe;
+    }
+}
+
 /// Runs one stage from..to over a release 9 standard of a parent brought to level from, after the
 /// set-up lines, and checks the rows on the saved and decoded result. The report counts are the
 /// caller's.
@@ -216,13 +225,8 @@ inline void RunStep(const Parent& parent, bool option, int from, int to, std::sp
   ASSERT_EQ(d.GetOutcome().stagesRun, 1) << run;
   ZOLAnnStandardXMLParser decoded;
   ASSERT_EQ(decoded.DecodeXML(d.Saved(), 0), 0) << run;
-  for (const Expect& row : rows) {
-    if (!Applies(row, parent.bit, option)) continue;
-    if (row.before) {
-      EXPECT_EQ(before[&row], row.before) << run << ", before: " << row.probe;
-    }
-    EXPECT_EQ(Probe(decoded, row.probe), row.after) << run << ": " << row.probe;
-  }
+  for (const auto& [row, text] : before) EXPECT_EQ(text, row->before) << run << ", before: " << row->probe;
+  CheckRows(decoded, rows, parent.bit, option, run);
 }
 
 /// The probe of a field of the n-th symbol row; kept for the life of the test program.
@@ -230,6 +234,15 @@ inline const char* SymbolRow(int n, const char* field) {
   static std::deque<std::string> probes;
   return probes.emplace_back("Root.EngineeringSymbols.EngineeringSymbol{" + std::to_string(n) + "}@" + field).c_str();
 }
+
+/// The names the rows of the step and chain tests are written with.
+namespace rows {
+using qeltest::Expect;
+using qeltest::kAbsent;
+using qeltest::SymbolRow;
+inline constexpr int ANSI = 1, ASME = 2, ISO = 4, JIS = 8, AA = ANSI | ASME, IJ = ISO | JIS, ALL = 0;
+inline constexpr int WITHOUT = kWithout, WITH = kWith;
+}  // namespace rows
 
 /// Runs one stage for each parent and both settings of the option; no run raises a report.
 class StepTest : public ZOLReportCountTest {

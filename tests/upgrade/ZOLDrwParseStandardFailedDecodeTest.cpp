@@ -3,44 +3,28 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
-#include <unistd.h>
 
 #include "QelstdRun.h"
 #include "ZOLDftStdNamespace.h"
 #include "ZOLDrwParseStandard.h"
 #include "ZOLReportCountTest.h"
-
-namespace fs = std::filesystem;
+#include "ZOLScratch.h"
 
 namespace {
 
 // Level 280, parent ISO, then an element the dialect refuses at that place, then more content
 // that the decode never reaches.
-std::string HalfReadable() {
-  return "<std:node xmlns:std=\"" + std::string(ZOLDftStdNamespaceURI) + "\" name=\"drafting\">"
-         "<std:node name=\"Version\"><std:intval>280</std:intval></std:node>"
-         "<std:node name=\"Dimension\"><std:node name=\"ParentStandard\"><std:strval>ISO</std:strval></std:node></std:node>"
-         "<std:node name=\"Broken\"><std:intval name=\"X\">1</std:intval></std:node>"
-         "<std:node name=\"After\"><std:intval>1</std:intval></std:node></std:node>";
-}
-
 class FailedDecode : public ZOLReportCountTest {
 protected:
-  void SetUp() override {
-    dir = fs::temp_directory_path() / ("qelstd-failed-decode-" + std::to_string(::getpid()));
-    fs::create_directories(dir / "out");
-    input = (dir / "Company.xml").string();
-    std::ofstream(input) << HalfReadable();
-  }
-  void TearDown() override {
-    fs::remove_all(dir);
-    ZOLReportCountTest::TearDown();
-  }
-  bool OutputIsEmpty() const { return fs::is_empty(dir / "out"); }
-  fs::path dir;
-  std::string input;
+  qeltest::ScratchDir dir;
+  std::string input = qeltest::WriteText(
+      dir / "Company.xml",
+      "<std:node xmlns:std=\"" + std::string(ZOLDftStdNamespaceURI) + "\" name=\"drafting\">"
+      "<std:node name=\"Version\"><std:intval>280</std:intval></std:node>"
+      "<std:node name=\"Dimension\"><std:node name=\"ParentStandard\"><std:strval>ISO</std:strval></std:node></std:node>"
+      "<std:node name=\"Broken\"><std:intval name=\"X\">1</std:intval></std:node>"
+      "<std:node name=\"After\"><std:intval>1</std:intval></std:node></std:node>");
 };
 
 }  // namespace
@@ -56,31 +40,11 @@ TEST_F(FailedDecode, LevelAndParentOfThePartReadAreToldAndTheFailureIsKnownBefor
   reports = 1;
 }
 
-TEST_F(FailedDecode, MissingFileStillDatesAsReleaseNineAndIsKnownAsFailed) {
-  ZOLUnicodeString name((dir / "none.xml").string());
-  ZOLDrwParseStandard d(name);
-  d.Decode();
-  EXPECT_TRUE(d.DecodeFailed());
-  EXPECT_EQ(d.GetVersion(), 1);
-}
-
-TEST_F(FailedDecode, WholeFileIsNotTakenForAFailure) {
-  std::ofstream(input) << "<std:node xmlns:std=\"" + std::string(ZOLDftStdNamespaceURI) + "\" name=\"drafting\">"
-                          "<std:node name=\"Version\"><std:intval>290</std:intval></std:node></std:node>";
-  ZOLUnicodeString name(input);
-  ZOLDrwParseStandard d(name);
-  EXPECT_FALSE(d.DecodeFailed()) << "nothing decoded yet";
-  d.Decode();
-  EXPECT_FALSE(d.DecodeFailed());
-  ZOLDrwParseStandardUpgradeOptions options;
-  d.EncodeToVersion(-1, options, (dir / "out" / "Company.xml").c_str());
-  EXPECT_TRUE(d.GetOutcome().saved);
-}
-
 TEST_F(FailedDecode, QelstdUpgradeAndInfoRefuseTheFileWithTheReason) {
   QELSTD_REQUIRE_BINARY();
-  for (const std::string& args : {"upgrade --to 280 -o '" + (dir / "out").string() + "' '" + input + "'",
-                                 "upgrade -o '" + (dir / "out").string() + "' '" + input + "'",
+  std::filesystem::create_directories(dir / "out");
+  for (const std::string& args : {"upgrade --to 280 -o '" + (dir / "out") + "' '" + input + "'",
+                                 "upgrade -o '" + (dir / "out") + "' '" + input + "'",
                                  "upgrade --dry-run '" + input + "'", "info '" + input + "'"}) {
     QelstdRun run = RunQelstd(args + " 2>&1");
     EXPECT_EQ(run.status, 1) << args;
@@ -90,5 +54,5 @@ TEST_F(FailedDecode, QelstdUpgradeAndInfoRefuseTheFileWithTheReason) {
     EXPECT_EQ(run.out.find("level 280"), std::string::npos) << args << ": " << run.out;
     EXPECT_EQ(run.out.find("stages run"), std::string::npos) << args << ": " << run.out;
   }
-  EXPECT_TRUE(OutputIsEmpty());
+  EXPECT_TRUE(std::filesystem::is_empty(dir / "out"));
 }

@@ -13,18 +13,12 @@
 
 namespace {
 
-using qeltest::Expect;
-using qeltest::kAbsent;
-
-constexpr int ANSI = 1, ASME = 2, ISO = 4, JIS = 8, AA = 3, IJ = 12, ALL = 0;
-constexpr int WITHOUT = qeltest::kWithout, WITH = qeltest::kWith;
+using namespace qeltest::rows;
 
 // The text font that makes ISO and JIS take the heavy symbols in KVISO1.otf.
 const std::vector<std::string> kKvIsoFont = {"C Root.Styles.Text.Default.Font.Name:KV ISO 1 (OpenType)"};
 
 class LaterStep : public qeltest::StepTest {};
-
-const char* Row(int n, const char* field) { return qeltest::SymbolRow(n, field); }
 
 }  // namespace
 
@@ -57,21 +51,21 @@ TEST_F(LaterStep, Release21AddsSymbolsFromTheParentsTableAndADatumTargetSizeSpec
       {"Root.EngineeringSymbols/", "41", "48", IJ, WITH},
       {"Root.EngineeringSymbols/", "41", "47", AA, WITH},
       {"Root.EngineeringSymbols/", "41", "41", ALL, WITHOUT},
-      {Row(42, "Name"), kAbsent, "<SpotFace>", ALL, WITH},
-      {Row(47, "Name"), kAbsent, "<Reciprocity>", IJ, WITH},
-      {Row(47, "Name"), kAbsent, "<ModifierA>", AA, WITH},
-      {Row(42, "Font"), kAbsent, "SYM2.font", IJ, WITH},
-      {Row(42, "Font"), kAbsent, "SYM1.font", AA, WITH},
-      {Row(42, "Icon16x16"), kAbsent, ZOLDrwFindRelease21Symbol("<SpotFace>")->thin16, IJ, WITH},
-      {Row(42, "Icon22x22"), kAbsent, ZOLDrwFindRelease21Symbol("<SpotFace>")->slanted22, AA, WITH},
+      {SymbolRow(42, "Name"), kAbsent, "<SpotFace>", ALL, WITH},
+      {SymbolRow(47, "Name"), kAbsent, "<Reciprocity>", IJ, WITH},
+      {SymbolRow(47, "Name"), kAbsent, "<ModifierA>", AA, WITH},
+      {SymbolRow(42, "Font"), kAbsent, "SYM2.font", IJ, WITH},
+      {SymbolRow(42, "Font"), kAbsent, "SYM1.font", AA, WITH},
+      {SymbolRow(42, "Icon16x16"), kAbsent, ZOLDrwFindRelease21Symbol("<SpotFace>")->thin16, IJ, WITH},
+      {SymbolRow(42, "Icon22x22"), kAbsent, ZOLDrwFindRelease21Symbol("<SpotFace>")->slanted22, AA, WITH},
       {"Root.Styles.DatumTarget.Default.SizeSpecifier", kAbsent, "None"},
       {"Root.Version", "120", "130"},
   };
   Check(120, 130, rows);
   const Expect kv[] = {
-      {Row(48, "Font"), kAbsent, "KVISO1.otf", IJ, WITH},
-      {Row(43, "Icon16x16"), kAbsent, ZOLDrwFindRelease21Symbol("<CF>")->heavy16, IJ, WITH},
-      {Row(43, "Font"), kAbsent, "SYM1.font", AA, WITH},
+      {SymbolRow(48, "Font"), kAbsent, "KVISO1.otf", IJ, WITH},
+      {SymbolRow(43, "Icon16x16"), kAbsent, ZOLDrwFindRelease21Symbol("<CF>")->heavy16, IJ, WITH},
+      {SymbolRow(43, "Font"), kAbsent, "SYM1.font", AA, WITH},
   };
   Check(120, 130, kv, kKvIsoFont);
   const Expect diameter[] = {{"Root.Styles.DatumTarget.Default.SizeSpecifier", kAbsent, "Diameter"}};
@@ -83,8 +77,8 @@ TEST_F(LaterStep, Release21AddsSurfaceTextureSymbolsTheConstantLengthAndWeldingL
   const Expect rows[] = {
       {"Root.EngineeringSymbols/", "48", "62", IJ, WITH},
       {"Root.EngineeringSymbols/", "47", "61", AA, WITH},
-      {Row(49, "Name"), kAbsent, "<LP>", IJ, WITH},
-      {Row(61, "Charcode"), kAbsent, "61711", AA, WITH},
+      {SymbolRow(49, "Name"), kAbsent, "<LP>", IJ, WITH},
+      {SymbolRow(61, "Charcode"), kAbsent, "61711", AA, WITH},
       {"Root.Dimension.DIMLConstantLength", "10.0", "15", ISO, WITH},
       {"Root.Dimension.DIMLConstantLength", "10.0", "7.62", AA, WITH},
       {"Root.Dimension.DIMLConstantLength", "10.0", "10.0", JIS},
@@ -125,19 +119,19 @@ TEST_F(LaterStep, Release23AddsBomFlagsDepthDisplayAndCorrectsTheFirstSymbol) {
        ALL, WITH},
       {"Root.Styles.BillOfMaterial.Default.Properties.BomProperties{6}@Name", "V_Weight", "Weight", ALL, WITH},
       {"Root.Styles.BillOfMaterial", kAbsent, kAbsent, ALL, WITHOUT},
-      {Row(1, "Name"), "<SUBSTITUTION>", "<SUBSTITUTION>"},
-      {Row(1, "Charcode"), "8727", "42", ALL, WITH},
-      {Row(1, "Charcode"), "8727", "8727", ALL, WITHOUT},
-      {Row(1, "Icon16x16"), nullptr, ZOLDrwFindRelease21Symbol("<SUBSTITUTION>")->thin16, IJ, WITH},
-      {Row(1, "Icon16x16"), nullptr, ZOLDrwFindRelease21Symbol("<SUBSTITUTION>")->slanted16, AA, WITH},
-      {Row(2, "Charcode"), "8960", "8960"},
+      {SymbolRow(1, "Name"), "<SUBSTITUTION>", "<SUBSTITUTION>"},
+      {SymbolRow(1, "Charcode"), "8727", "42", ALL, WITH},
+      {SymbolRow(1, "Charcode"), "8727", "8727", ALL, WITHOUT},
+      {SymbolRow(1, "Icon16x16"), nullptr, ZOLDrwFindRelease21Symbol("<SUBSTITUTION>")->thin16, IJ, WITH},
+      {SymbolRow(1, "Icon16x16"), nullptr, ZOLDrwFindRelease21Symbol("<SUBSTITUTION>")->slanted16, AA, WITH},
+      {SymbolRow(2, "Charcode"), "8960", "8960"},
       {"Root.Version", "150", "160"},
   };
   Check(150, 160, rows);
   const Expect kv[] = {
-      {Row(1, "Font"), "SSS4.font", "KVISO1.otf", IJ, WITH},
-      {Row(1, "Font"), "SSS4.font", "SSS4.font", AA},
-      {Row(1, "Icon22x22"), nullptr, ZOLDrwFindRelease21Symbol("<SUBSTITUTION>")->heavy22, IJ, WITH},
+      {SymbolRow(1, "Font"), "SSS4.font", "KVISO1.otf", IJ, WITH},
+      {SymbolRow(1, "Font"), "SSS4.font", "SSS4.font", AA},
+      {SymbolRow(1, "Icon22x22"), nullptr, ZOLDrwFindRelease21Symbol("<SUBSTITUTION>")->heavy22, IJ, WITH},
   };
   Check(150, 160, kv, kKvIsoFont);
 }
@@ -164,13 +158,13 @@ TEST_F(LaterStep, Release24ColoursTheSheetRenumbersPatternsAndMovesTheVersionLas
       {"Root.Patterns.hatching.hatchings{15}@Position", kAbsent, "15"},
       {"Root.EngineeringSymbols/", "62", "64", IJ, WITH},
       {"Root.EngineeringSymbols/", "61", "61", AA, WITH},
-      {Row(42, "Name"), "<SpotFace>", "<CHECKMARK>", IJ, WITH},
-      {Row(42, "Name"), "<SpotFace>", "<SpotFace>", AA, WITH},
-      {Row(44, "Name"), nullptr, "<SpotFace>", IJ, WITH},
-      {Row(64, "Name"), kAbsent, "<SR>", IJ, WITH},
-      {Row(1, "Charcode"), "42", "42", IJ, WITH},
-      {Row(30, "Font"), "SYM2.font", "KVISO1.otf", IJ, WITH},
-      {Row(2, "Font"), "SYM1.font", "SYM1.font", AA},
+      {SymbolRow(42, "Name"), "<SpotFace>", "<CHECKMARK>", IJ, WITH},
+      {SymbolRow(42, "Name"), "<SpotFace>", "<SpotFace>", AA, WITH},
+      {SymbolRow(44, "Name"), nullptr, "<SpotFace>", IJ, WITH},
+      {SymbolRow(64, "Name"), kAbsent, "<SR>", IJ, WITH},
+      {SymbolRow(1, "Charcode"), "42", "42", IJ, WITH},
+      {SymbolRow(30, "Font"), "SYM2.font", "KVISO1.otf", IJ, WITH},
+      {SymbolRow(2, "Font"), "SYM1.font", "SYM1.font", AA},
       {"Root.Dimension.SYMBCrossSide", "5.0", "9.8995", AA},
       {"Root.Dimension.SYMBCrossSide", "5.0", "5.0", IJ},
       // The first path names the enumeration: nothing changes.
@@ -188,24 +182,24 @@ TEST_F(LaterStep, Release24FlagsWhereSymbolsMayBeOfferedAndAddsThreeRowsForIsoAn
   const Expect rows[] = {
       {"TypeDef.EngineeringSymbol%", nullptr,
        "Name,Position,Font,Charcode,Icon16x16,Icon22x22,ToleranceValue,DatumReference,Notes"},
-      {Row(2, "Name"), "<DIAMETER>", "<DIAMETER>"},
+      {SymbolRow(2, "Name"), "<DIAMETER>", "<DIAMETER>"},
       // Without the option the listed symbols take all three flags.
-      {Row(2, "Notes"), kAbsent, "Yes", ALL, WITHOUT},
-      {Row(38, "Notes"), kAbsent, "Yes", AA, WITHOUT},
-      {Row(38, "Notes"), kAbsent, "No", IJ, WITHOUT},
-      {Row(3, "ToleranceValue"), kAbsent, "No"},
+      {SymbolRow(2, "Notes"), kAbsent, "Yes", ALL, WITHOUT},
+      {SymbolRow(38, "Notes"), kAbsent, "Yes", AA, WITHOUT},
+      {SymbolRow(38, "Notes"), kAbsent, "No", IJ, WITHOUT},
+      {SymbolRow(3, "ToleranceValue"), kAbsent, "No"},
       // With it, one flag at a time.
-      {Row(2, "ToleranceValue"), kAbsent, "Yes", ALL, WITH},
-      {Row(2, "DatumReference"), kAbsent, "Yes", ALL, WITH},
-      {Row(2, "Notes"), kAbsent, "No", ALL, WITH},
-      {Row(29, "DatumReference"), kAbsent, "Yes", IJ, WITH},
-      {Row(29, "DatumReference"), kAbsent, "No", AA, WITH},
-      {Row(49, "Name"), "<Reciprocity>", "<Reciprocity>", IJ, WITH},
-      {Row(49, "ToleranceValue"), kAbsent, "Yes", IJ, WITH},
+      {SymbolRow(2, "ToleranceValue"), kAbsent, "Yes", ALL, WITH},
+      {SymbolRow(2, "DatumReference"), kAbsent, "Yes", ALL, WITH},
+      {SymbolRow(2, "Notes"), kAbsent, "No", ALL, WITH},
+      {SymbolRow(29, "DatumReference"), kAbsent, "Yes", IJ, WITH},
+      {SymbolRow(29, "DatumReference"), kAbsent, "No", AA, WITH},
+      {SymbolRow(49, "Name"), "<Reciprocity>", "<Reciprocity>", IJ, WITH},
+      {SymbolRow(49, "ToleranceValue"), kAbsent, "Yes", IJ, WITH},
       {"Root.EngineeringSymbols/", "64", "67", IJ, WITH},
       {"Root.EngineeringSymbols/", "61", "61", AA, WITH},
-      {Row(65, "Name"), kAbsent, "<BETWEEN>", IJ, WITH},
-      {Row(67, "DatumReference"), kAbsent, "Yes", IJ, WITH},
+      {SymbolRow(65, "Name"), kAbsent, "<BETWEEN>", IJ, WITH},
+      {SymbolRow(67, "DatumReference"), kAbsent, "Yes", IJ, WITH},
       {"Root.Version", "170", "180"},
   };
   Check(170, 180, rows);
@@ -223,8 +217,8 @@ TEST_F(LaterStep, Release25NumbersFramesAddsFrameNamesAndProjectionSymbols) {
       {"Root.Styles.Text.ViewText", kAbsent, kAbsent, ALL, WITHOUT},
       {"Root.EngineeringSymbols/", "67", "71", IJ, WITH},
       {"Root.EngineeringSymbols/", "61", "61", AA, WITH},
-      {Row(68, "Name"), kAbsent, "<FIRSTANGLE>", IJ, WITH},
-      {Row(71, "Notes"), kAbsent, "No", IJ, WITH},
+      {SymbolRow(68, "Name"), kAbsent, "<FIRSTANGLE>", IJ, WITH},
+      {SymbolRow(71, "Notes"), kAbsent, "No", IJ, WITH},
       {"Root.Version", "180", "190"},
   };
   Check(180, 190, rows);

@@ -14,12 +14,7 @@
 
 namespace {
 
-using qeltest::Expect;
-using qeltest::kAbsent;
-using qeltest::SymbolRow;
-
-constexpr int ANSI = 1, ISO = 4, JIS = 8, AA = 3, IJ = 12, ALL = 0;
-constexpr int WITHOUT = qeltest::kWithout, WITH = qeltest::kWith;
+using namespace qeltest::rows;
 
 class NewerStep : public qeltest::StepTest {};
 
@@ -295,5 +290,5 @@ TEST_F(NewerStep, UnknownParentLeavesOutWhatTheParentDecides) {
       {"Root.Styles.IndicatorEdge.Default.WitnessLine.Thickness", nullptr, "1"},
       {"Root.Version", nullptr, "290"},
   };
-  for (const Expect& row : rows) EXPECT_EQ(qeltest::Probe(d.Tree(), row.probe), row.after) << row.probe;
+  qeltest::CheckRows(d.Tree(), rows, 0, true, "DIN");
 }

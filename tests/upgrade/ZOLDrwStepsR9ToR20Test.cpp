@@ -11,11 +11,7 @@
 
 namespace {
 
-using qeltest::Expect;
-using qeltest::kAbsent;
-
-constexpr int ANSI = 1, ASME = 2, ISO = 4, JIS = 8, AA = 3, IJ = 12, ALL = 0;
-constexpr int WITHOUT = qeltest::kWithout, WITH = qeltest::kWith;
+using namespace qeltest::rows;
 
 class Step : public qeltest::StepTest {
 protected:
