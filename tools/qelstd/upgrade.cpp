@@ -16,6 +16,9 @@
 #include "QelstdInput.h"
 #include "QelstdOutput.h"
 #include "QelstdVerb.h"
+#include "ZOLAnnStandardXMLNode.h"
+#include "ZOLAnnStandardXMLParser.h"
+#include "ZOLDftStdPersistence.h"
 #include "ZOLDrwParseStandard.h"
 #include "ZOLFile.h"
 
@@ -121,6 +124,22 @@ const ZOLDrwParseStandard::StageInfo* FirstUnbuilt(const std::vector<ZOLDrwParse
   return nullptr;
 }
 
+// Why the level of a decoded file whose level the driver cannot tell is refused: a number in its
+// version node above the current level is one of a later release, anything else no level at all.
+std::string WhyNoLevel(const std::string& path) {
+  ZOLAnnStandardXMLParser parser;
+  int level = 0;
+  if (parser.DecodeXML(ZOLUnicodeString(path), 1) == 0 && parser.Root()) {
+    ZOLAnnStandardXMLNode* node = parser.Root()->FindNodeWithPath(ZOLDftStdPersistence::GetVersionNodePath().str(), 1);
+    if (node && node->GetNumOfValue() == 1) node->Values().front()->Value().ConvertToNum(&level, "%d");
+  }
+  const int current = ZOLDrwParseStandard::GetCurrentVersion();
+  if (level > current)
+    return "its level " + std::to_string(level) + " is above the current level " + std::to_string(current);
+  // The driver would save such a tree unchanged after its guard; a batch leaves it out instead.
+  return "its level cannot be told from its content";
+}
+
 // One file of a batch, in a worker: decoded, checked, upgraded and saved, or refused with the reason.
 // Nothing is written for a file that fails.
 qelstd::BatchResult UpgradeOne(const qelstd::BatchItem& item, const UpgradeOptions& o) {
@@ -153,13 +172,10 @@ qelstd::BatchResult UpgradeOne(const qelstd::BatchItem& item, const UpgradeOptio
     }
     if (driver.DecodeFailed()) {
       r.reason = "does not decode as a standard: " + qelstd::WhyNotDecoded(item.input, reports.Lines());
-    } else if (start > current) {
-      r.reason = "its level " + std::to_string(start) + " is above the current level " + std::to_string(current);
+    } else if (start < 1) {
+      r.reason = WhyNoLevel(item.input);
     } else if (start > target) {
       r.reason = "its level " + std::to_string(start) + " is above the level asked for, " + std::to_string(target);
-    } else if (start < 1) {
-      // The driver would save such a tree unchanged after its guard; a batch leaves it out instead.
-      r.reason = "its level cannot be told from its content";
     } else if (unbuilt) {
       r.reason = "cannot be upgraded from level " + std::to_string(start) + " to " + std::to_string(target) +
                  " yet: stage " + std::to_string(unbuilt->stage) + " (" + std::to_string(unbuilt->from) + " -> " +
