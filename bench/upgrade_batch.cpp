@@ -3,10 +3,6 @@
 // work on a shared machine weighs on both sides alike. The CPU time of the pair runner says nothing
 // here: the point is how much of the run two processes overlap. Flags: --files=N (1000),
 // --rounds=N (3, runs of each side), --dir=PATH (where the files go; the temporary directory by default).
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -19,8 +15,6 @@
 
 #include "QelBenchMain.h"
 #include "QelBenchUpgrade.h"
-
-extern char** environ;
 
 // Without the tool in this build there is nothing to time.
 #ifndef QELSTD_QELSTD_EXE
@@ -69,21 +63,13 @@ void WriteInputs(const fs::path& in, int files) {
 // Wall seconds of one run of qelstd upgrade with that many workers; negative when it failed.
 double TimeRun(const fs::path& in, const fs::path& out, int jobs, int level) {
   fs::remove_all(out);
-  std::vector<std::string> args = {QELSTD_QELSTD_EXE, "upgrade", in.string(), "-o", out.string(),
-                                   "--to", std::to_string(level), "-j", std::to_string(jobs)};
-  std::vector<char*> argv;
-  for (std::string& a : args) argv.push_back(a.data());
-  argv.push_back(nullptr);
-  posix_spawn_file_actions_t quiet;
-  posix_spawn_file_actions_init(&quiet);
-  posix_spawn_file_actions_addopen(&quiet, 1, "/dev/null", O_WRONLY, 0);
+  const std::string command = std::string("'") + QELSTD_QELSTD_EXE + "' upgrade '" + in.string() + "' -o '" +
+                              out.string() + "' --to " + std::to_string(level) + " -j " + std::to_string(jobs) +
+                              " >/dev/null";
   const auto start = std::chrono::steady_clock::now();
-  pid_t pid = 0;
-  int status = -1;
-  if (posix_spawn(&pid, args[0].c_str(), &quiet, nullptr, argv.data(), environ) == 0) waitpid(pid, &status, 0);
+  const int status = std::system(command.c_str());
   const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  posix_spawn_file_actions_destroy(&quiet);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? seconds : -1.0;
+  return status == 0 ? seconds : -1.0;
 }
 
 void Report(const Settings& s, FILE* out) {
