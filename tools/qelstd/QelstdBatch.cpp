@@ -269,7 +269,7 @@ void RunInWorkers(const std::vector<BatchItem>& items, int jobs, const std::func
         w.received.append(buffer, static_cast<size_t>(n));
         for (uint64_t size; w.received.size() >= sizeof size;) {
           std::memcpy(&size, w.received.data(), sizeof size);
-          if (w.received.size() < sizeof size + size) break;
+          if (w.received.size() < sizeof size + size || w.current < 0) break;
           const size_t index = static_cast<size_t>(w.current);
           BatchResult r;
           nlohmann::json record = nlohmann::json::parse(w.received.begin() + sizeof size,
