@@ -222,6 +222,8 @@ int RunBatch(const UpgradeOptions& o) {
     return qelstd::kNotFound;
   }
   int jobs = o.jobs > 0 ? o.jobs : static_cast<int>(::sysconf(_SC_NPROCESSORS_ONLN));
+  // With the records on standard output, the text for people goes beside the progress line.
+  std::FILE* text = o.json == "-" ? stderr : stdout;
   std::vector<qelstd::BatchResult> results(items.size());
   qelstd::BatchProgress progress(items.size(), stderr, ::isatty(STDERR_FILENO) == 1);
   size_t failed = 0;
@@ -233,13 +235,13 @@ int RunBatch(const UpgradeOptions& o) {
           ++failed;
           progress.Note("qelstd: " + r.input + ": " + r.reason);
         } else if (o.dryRun) {
-          qelstd::Printf(stdout, "%s: parent %s, level %d, %d stage%s to run\n", r.input.c_str(), r.parent.c_str(),
+          qelstd::Printf(text, "%s: parent %s, level %d, %d stage%s to run\n", r.input.c_str(), r.parent.c_str(),
                          r.startLevel, r.stagesRun, r.stagesRun == 1 ? "" : "s");
         }
         results[index] = std::move(r);
       });
   progress.Finish();
-  progress.PrintSummary(stdout);
+  progress.PrintSummary(text);
   const bool reported = o.json.empty() || WriteJsonReport(o.json, results);
   return failed == 0 && reported ? qelstd::kDone : qelstd::kNotFound;
 }
