@@ -169,3 +169,23 @@ TEST_F(QelstdUpgradeBatch, KillingTheRunLeavesOnlyWholeFiles) {
   EXPECT_GE(present, 20u);
   EXPECT_LT(present, whole.size()) << "killed midway";
 }
+
+TEST_F(QelstdUpgradeBatch, OutputsThatMeetAreRefusedAndEarlierOutputsAreNoInputs) {
+  // Two files of one name given side by side would write one output.
+  const std::string a = In() + "/g0/Std0.xml", b = In() + "/g1/Std0.xml", out = *scratch / "meet";
+  const QelstdRun meet = RunQelstd("upgrade '" + a + "' '" + b + "' -o '" + out + "' --to 210 --json - 2>/dev/null");
+  EXPECT_EQ(meet.status, 1);
+  const nlohmann::json records = nlohmann::json::parse(meet.out);
+  ASSERT_EQ(records.size(), 2u);
+  EXPECT_EQ(records[0]["result"], "upgraded");
+  EXPECT_EQ(records[1]["reason"], "its output " + out + "/Std0.xml is that of " + a + " already");
+
+  // A second run into a folder below its input finds the same inputs as the first.
+  const std::string nest = *scratch / "nest";
+  WriteText(nest + "/x/Std.xml", ReadText(a));
+  for (int run = 0; run < 2; ++run) {
+    const QelstdRun r = RunQelstd("upgrade '" + nest + "' -o '" + nest + "/out' --to 210 --json - 2>/dev/null");
+    EXPECT_EQ(r.status, 0) << run;
+    EXPECT_EQ(nlohmann::json::parse(r.out).size(), 1u) << run;
+  }
+}
