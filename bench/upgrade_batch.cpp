@@ -2,7 +2,10 @@
 // with two: the wall time of whole runs of the tool, taken in turns (1, 2, 2, 1, ...) so that other
 // work on a shared machine weighs on both sides alike. The CPU time of the pair runner says nothing
 // here: the point is how much of the run two processes overlap. Flags: --files=N (1000),
-// --rounds=N (3, runs of each side), --dir=PATH (where the files go; the temporary directory by default).
+// --rounds=N (3, runs of each side), --dir=PATH (where the files go and stay; by default a
+// temporary folder, removed).
+#include <sys/resource.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -60,15 +63,25 @@ void WriteInputs(const fs::path& in, int files) {
   }
 }
 
-// Wall seconds of one run of qelstd upgrade with that many workers; negative when it failed.
-double TimeRun(const fs::path& in, const fs::path& out, int jobs, int level) {
+// CPU seconds of the children waited for so far.
+double ChildrenCpu() {
+  rusage u{};
+  getrusage(RUSAGE_CHILDREN, &u);
+  return static_cast<double>(u.ru_utime.tv_sec + u.ru_stime.tv_sec) + (u.ru_utime.tv_usec + u.ru_stime.tv_usec) / 1e6;
+}
+
+// Wall seconds of one run of qelstd upgrade with that many workers, negative when it failed; cpu gets
+// the CPU seconds of the run's processes.
+double TimeRun(const fs::path& in, const fs::path& out, int jobs, int level, double& cpu) {
   fs::remove_all(out);
   const std::string command = std::string("'") + QELSTD_QELSTD_EXE + "' upgrade '" + in.string() + "' -o '" +
                               out.string() + "' --to " + std::to_string(level) + " -j " + std::to_string(jobs) +
                               " >/dev/null";
+  const double cpuBefore = ChildrenCpu();
   const auto start = std::chrono::steady_clock::now();
   const int status = std::system(command.c_str());
   const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  cpu = ChildrenCpu() - cpuBefore;
   return status == 0 ? seconds : -1.0;
 }
 
@@ -95,13 +108,16 @@ void Report(const Settings& s, FILE* out) {
   double load[3] = {0, 0, 0};
   getloadavg(load, 3);
   const double loadBefore = load[0];
-  std::vector<double> one, two, ratios;
+  std::vector<double> one, two, ratios, cpuOne, cpuTwo;
   for (int r = 0; r < s.rounds; ++r) {
     // 1, 2 then 2, 1: a trend in the machine's load falls on both sides.
     const bool oneFirst = r % 2 == 0;
-    const double a = TimeRun(in, out1, oneFirst ? 1 : 2, level);
-    const double b = TimeRun(in, out1, oneFirst ? 2 : 1, level);
+    double cpuA = 0, cpuB = 0;
+    const double a = TimeRun(in, out1, oneFirst ? 1 : 2, level, cpuA);
+    const double b = TimeRun(in, out1, oneFirst ? 2 : 1, level, cpuB);
     const double t1 = oneFirst ? a : b, t2 = oneFirst ? b : a;
+    cpuOne.push_back(oneFirst ? cpuA : cpuB);
+    cpuTwo.push_back(oneFirst ? cpuB : cpuA);
     if (t1 < 0 || t2 < 0) {
       std::fprintf(out, "batch  qelstd upgrade failed; is %s built?\n", QELSTD_QELSTD_EXE);
       break;
@@ -120,11 +136,14 @@ void Report(const Settings& s, FILE* out) {
     // At least 1.8 times faster with two workers: a ratio of at most 1 / 1.8.
     qelbench::PrintSpread(out, "ratio", "upgrade batch, 2 workers / 1 worker", qelbench::SpreadOf(ratios), "", 1 / 1.8,
                           static_cast<int>(ratios.size()), "pairs");
-    std::fprintf(out, "       speed-up %.2f; load average %.2f before, %.2f after; files in %s\n",
-                 1 / qelbench::SpreadOf(ratios).median, loadBefore, load[0], dir.c_str());
+    // CPU time the run's processes took: what two workers add in work, whatever the machine's load.
+    std::fprintf(out, "       speed-up %.2f; CPU of a run %.2f s with 1 worker, %.2f s with 2; load average %.2f before, %.2f after\n",
+                 1 / qelbench::SpreadOf(ratios).median, qelbench::SpreadOf(cpuOne).median,
+                 qelbench::SpreadOf(cpuTwo).median, loadBefore, load[0]);
   }
+  // Files in a folder of the caller's stay there for a look; a temporary folder goes.
   std::error_code ec;
-  fs::remove_all(dir, ec);
+  if (s.dir.empty()) fs::remove_all(dir, ec);
 }
 
 }  // namespace
