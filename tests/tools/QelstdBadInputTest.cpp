@@ -95,10 +95,13 @@ TEST(QelstdInput, FilesThatAreNoReadableRegularFileAreRefusedWithTheReason) {
                                           "show {}"};
   for (const Input& input : inputs) {
     for (std::string verb : verbs) {
+      // upgrade searches a folder for standards, and this one holds none.
+      const std::string why =
+          verb == "upgrade {}" && input.why == "is a directory" ? "holds no standard files (*.xml)" : input.why;
       verb.replace(verb.find("{}"), 2, Quoted(input.path));
       QelstdRun run = ErrorsOf(verb);
       EXPECT_EQ(run.status, 1) << verb;
-      EXPECT_EQ(run.out, "qelstd: " + input.path + ": " + input.why + "\n") << verb;
+      EXPECT_EQ(run.out, "qelstd: " + input.path + ": " + why + "\n") << verb;
     }
   }
 }
