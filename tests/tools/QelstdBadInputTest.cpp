@@ -97,7 +97,7 @@ TEST(QelstdInput, FilesThatAreNoReadableRegularFileAreRefusedWithTheReason) {
     for (std::string verb : verbs) {
       // upgrade searches a folder for standards, and this one holds none.
       const std::string why =
-          verb == "upgrade {}" && input.why == "is a directory" ? "holds no standard files (*.xml)" : input.why;
+          verb == "upgrade {}" && input.why == "is a directory" ? "holds no standard files (*.xml or flat legacy files)" : input.why;
       verb.replace(verb.find("{}"), 2, Quoted(input.path));
       QelstdRun run = ErrorsOf(verb);
       EXPECT_EQ(run.status, 1) << verb;

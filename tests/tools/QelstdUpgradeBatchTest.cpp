@@ -189,3 +189,17 @@ TEST_F(QelstdUpgradeBatch, OutputsThatMeetAreRefusedAndEarlierOutputsAreNoInputs
     EXPECT_EQ(nlohmann::json::parse(r.out).size(), 1u) << run;
   }
 }
+
+TEST_F(QelstdUpgradeBatch, AFolderGivesItsFlatFilesTooAndNothingElse) {
+  const std::string in = *scratch / "flat", out = *scratch / "flat-out";
+  WriteText(in + "/Company.std", "ParentStandard JIS\nDIMLUnderline 1\n");
+  WriteText(in + "/notes.txt", "Not a standard.\n");
+  const QelstdRun r = RunQelstd("upgrade '" + in + "' -o '" + out + "' --json - 2>/dev/null");
+  EXPECT_EQ(r.status, 0);
+  const nlohmann::json records = nlohmann::json::parse(r.out);
+  ASSERT_EQ(records.size(), 1u);
+  EXPECT_EQ(records[0]["output"], out + "/Company.std.xml");
+  EXPECT_EQ(records[0]["parent"], "JIS");
+  EXPECT_EQ(records[0]["startLevel"], 0);
+  EXPECT_EQ(records[0]["levelReached"], 290);
+}

@@ -15,6 +15,7 @@
 
 #include "QelstdJson.h"
 #include "QelstdOutput.h"
+#include "ZOLDrwParseStandard.h"
 
 namespace fs = std::filesystem;
 
@@ -55,8 +56,11 @@ struct Walk {
       // A link to a folder is not followed (it may loop); a dangling link is taken, and told as unreadable.
       struct stat target;
       if (S_ISLNK(own.st_mode) && ::stat(entry.path().c_str(), &target) == 0 && S_ISDIR(target.st_mode)) continue;
-      if (name.extension() != ".xml") continue;
-      items.push_back({entry.path().string(), (outputDirectory / relative / name).string(), std::string()});
+      // Flat legacy files have no name of their own: they are told by their first keyword.
+      const bool xml = name.extension() == ".xml";
+      if (!xml && !ZOLDrwParseStandard::IsFlatFile(ZOLUnicodeString(entry.path().string()))) continue;
+      items.push_back({entry.path().string(), OutputPathOf(entry.path().string(), (outputDirectory / relative).string()),
+                       std::string()});
     }
   }
 };

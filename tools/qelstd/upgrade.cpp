@@ -172,7 +172,8 @@ qelstd::BatchResult UpgradeOne(const qelstd::BatchItem& item, const UpgradeOptio
     }
     if (driver.DecodeFailed()) {
       r.reason = "does not decode as a standard: " + qelstd::WhyNotDecoded(item.input, reports.Lines());
-    } else if (start < 1) {
+    } else if (start < 1 && !ZOLDrwParseStandard::IsFlatFile(input)) {
+      // A flat legacy file is at level 0 by right; a tree there has no level.
       r.reason = WhyNoLevel(item.input);
     } else if (start > target) {
       r.reason = "its level " + std::to_string(start) + " is above the level asked for, " + std::to_string(target);
@@ -218,7 +219,7 @@ bool WriteJsonReport(const std::string& path, const std::vector<qelstd::BatchRes
 int RunBatch(const UpgradeOptions& o) {
   const std::vector<qelstd::BatchItem> items = qelstd::CollectBatch(o.paths, o.directory);
   if (items.empty()) {
-    qelstd::Error(o.paths.front(), "holds no standard files (*.xml)");
+    qelstd::Error(o.paths.front(), "holds no standard files (*.xml or flat legacy files)");
     return qelstd::kNotFound;
   }
   int jobs = o.jobs > 0 ? o.jobs : static_cast<int>(::sysconf(_SC_NPROCESSORS_ONLN));
