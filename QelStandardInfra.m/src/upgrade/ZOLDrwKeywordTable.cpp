@@ -75,9 +75,11 @@ static_assert(std::size(kRows) == 177);
 using Index = std::unordered_map<std::string_view, int>;
 
 // The first row of each word wins, as a search from the top would find it.
-Index BuildIndex(std::string_view (ZOLDrwKeywordRow::*column)() const) {
+template <class Column>
+Index BuildIndex(Column column) {
   Index index;
-  for (int i = 0; i < static_cast<int>(std::size(kRows)); ++i) index.emplace((kRows[i].*column)(), i);
+  int i = 0;
+  for (const ZOLDrwKeywordRow& row : kRows) index.emplace(column(row), i++);
   return index;
 }
 
@@ -92,12 +94,12 @@ int Find(const Index& index, std::string_view word) {
 std::span<const ZOLDrwKeywordRow> ZOLDrwKeywordTable() { return kRows; }
 
 int ZOLDrwKeywordIndex(std::string_view word) {
-  static const Index index = BuildIndex(&ZOLDrwKeywordRow::Keyword);
+  static const Index index = BuildIndex([](const ZOLDrwKeywordRow& r) { return r.Keyword(); });
   return Find(index, word);
 }
 
 int ZOLDrwParamIndex(std::string_view word) {
-  static const Index index = BuildIndex(&ZOLDrwKeywordRow::Param);
+  static const Index index = BuildIndex([](const ZOLDrwKeywordRow& r) { return r.Param(); });
   return Find(index, word);
 }
 
