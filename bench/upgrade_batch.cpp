@@ -2,8 +2,8 @@
 // with two: the wall time of whole runs of the tool, taken in turns (1, 2, 2, 1, ...) so that other
 // work on a shared machine weighs on both sides alike. The CPU time of the pair runner says nothing
 // here: the point is how much of the run two processes overlap. Flags: --files=N (1000),
-// --rounds=N (5, runs of each side: this machine's cores are shared, and three pairs left the median to one noisy run), --dir=PATH (where the files go and stay; by default a
-// temporary folder, removed).
+// --rounds=N (5 runs of each side: on shared cores three pairs left the median to one noisy run),
+// --dir=PATH (where the files go and stay; by default a temporary folder, removed).
 #include <sys/resource.h>
 
 #include <algorithm>
