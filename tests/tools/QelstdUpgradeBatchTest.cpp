@@ -125,49 +125,71 @@ TEST_F(QelstdUpgradeBatch, TwoWorkersWriteWhatOneDoesAndTellEachFailure) {
   EXPECT_EQ(failed.size(), broken.size());
 }
 
-TEST_F(QelstdUpgradeBatch, KillingTheRunLeavesOnlyWholeFiles) {
-  const std::string reference = *scratch / "reference", out = *scratch / "killed";
+// Killed outright, the run leaves whole outputs (and perhaps a temporary file of the file in hand);
+// interrupted from the terminal, every process finishes its file and nothing else is left.
+TEST_F(QelstdUpgradeBatch, KillingOrInterruptingTheRunLeavesOnlyWholeFiles) {
+  const std::string reference = *scratch / "reference";
   ASSERT_EQ(Batch(reference, 2).status, 1);
   const auto whole = Files(reference);
-
   const std::string exe = QELSTD_QELSTD_EXE, in = In();
-  std::vector<std::string> args = {exe, "upgrade", in, "-o", out, "-j", "2"};
-  std::vector<char*> argv;
-  for (std::string& a : args) argv.push_back(a.data());
-  argv.push_back(nullptr);
-  posix_spawn_file_actions_t quiet;
-  posix_spawn_file_actions_init(&quiet);
-  posix_spawn_file_actions_addopen(&quiet, 1, "/dev/null", O_WRONLY, 0);
-  posix_spawn_file_actions_addopen(&quiet, 2, "/dev/null", O_WRONLY, 0);
-  pid_t pid = 0;
-  ASSERT_EQ(posix_spawn(&pid, exe.c_str(), &quiet, nullptr, argv.data(), environ), 0);
-  posix_spawn_file_actions_destroy(&quiet);
-  auto outputs = [&out] {
-    size_t n = 0;
-    std::error_code ec;
-    for (fs::recursive_directory_iterator it(out, ec), end; !ec && it != end; it.increment(ec)) n += it->path().extension() == ".xml";
-    return n;
-  };
-  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-  while (outputs() < 20 && std::chrono::steady_clock::now() < deadline)
-    std::this_thread::sleep_for(std::chrono::milliseconds(2));
-  kill(pid, SIGKILL);
-  int status = 0;
-  waitpid(pid, &status, 0);
-  ASSERT_TRUE(WIFSIGNALED(status)) << "the run ended before it was killed";
+  for (const bool interrupt : {false, true}) {
+    const std::string out = *scratch / (interrupt ? "interrupted" : "killed");
+    std::vector<std::string> args = {exe, "upgrade", in, "-o", out, "-j", "2"};
+    std::vector<char*> argv;
+    for (std::string& a : args) argv.push_back(a.data());
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t quiet;
+    posix_spawn_file_actions_init(&quiet);
+    posix_spawn_file_actions_addopen(&quiet, 1, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&quiet, 2, "/dev/null", O_WRONLY, 0);
+    // A group of its own, as a shell gives a command, so that the interrupt reaches the workers too.
+    posix_spawnattr_t group;
+    posix_spawnattr_init(&group);
+    posix_spawnattr_setflags(&group, POSIX_SPAWN_SETPGROUP);
+    posix_spawnattr_setpgroup(&group, 0);
+    pid_t pid = 0;
+    ASSERT_EQ(posix_spawn(&pid, exe.c_str(), &quiet, &group, argv.data(), environ), 0);
+    posix_spawn_file_actions_destroy(&quiet);
+    posix_spawnattr_destroy(&group);
+    auto outputs = [&out] {
+      size_t n = 0;
+      std::error_code ec;
+      for (fs::recursive_directory_iterator it(out, ec), end; !ec && it != end; it.increment(ec))
+        n += it->path().extension() == ".xml";
+      return n;
+    };
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (outputs() < 20 && std::chrono::steady_clock::now() < deadline)
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    if (interrupt) kill(-pid, SIGINT);
+    else kill(pid, SIGKILL);
+    int status = 0;
+    waitpid(pid, &status, 0);
+    if (interrupt) {
+      EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1) << status;
+    } else {
+      ASSERT_TRUE(WIFSIGNALED(status)) << "the run ended before it was killed";
+    }
+    // The workers of a killed run finish their file on their own.
+    if (!interrupt) while (kill(-pid, 0) == 0) std::this_thread::sleep_for(std::chrono::milliseconds(2));
 
-  size_t present = 0;
-  for (const auto& e : fs::recursive_directory_iterator(out)) {
-    const std::string rel = fs::relative(e.path(), out).string();
-    if (!e.is_regular_file() || e.path().extension() != ".xml") continue;
-    ++present;
-    ASSERT_EQ(whole.count(rel), 1u) << rel;
-    EXPECT_EQ(ReadText(e.path().string()), whole.at(rel)) << rel;
-    ZOLAnnStandardXMLParser decoded;
-    EXPECT_EQ(decoded.DecodeXML(ZOLUnicodeString(e.path().string()), 1), 0) << rel;
+    size_t present = 0;
+    for (const auto& e : fs::recursive_directory_iterator(out)) {
+      const std::string rel = fs::relative(e.path(), out).string();
+      if (!e.is_regular_file()) continue;
+      if (interrupt) {
+        EXPECT_EQ(e.path().extension(), ".xml") << rel << ": left behind";
+      }
+      if (e.path().extension() != ".xml") continue;
+      ++present;
+      ASSERT_EQ(whole.count(rel), 1u) << rel;
+      EXPECT_EQ(ReadText(e.path().string()), whole.at(rel)) << rel;
+      ZOLAnnStandardXMLParser decoded;
+      EXPECT_EQ(decoded.DecodeXML(ZOLUnicodeString(e.path().string()), 1), 0) << rel;
+    }
+    EXPECT_GE(present, 20u) << interrupt;
+    EXPECT_LT(present, whole.size()) << "stopped midway";
   }
-  EXPECT_GE(present, 20u);
-  EXPECT_LT(present, whole.size()) << "killed midway";
 }
 
 TEST_F(QelstdUpgradeBatch, OutputsThatMeetAreRefusedAndEarlierOutputsAreNoInputs) {

@@ -160,9 +160,18 @@ struct Worker {
   std::string received;
 };
 
+// Set by an interrupt of the run: no file is handed out after it, and the files in hand are finished.
+volatile std::sig_atomic_t g_interrupted = 0;
+
+void Interrupt(int) { g_interrupted = 1; }
+
 [[noreturn]] void WorkerLoop(int command, int results, const std::vector<BatchItem>& items,
                              const std::function<BatchResult(const BatchItem&)>& work) {
   std::signal(SIGPIPE, SIG_DFL);
+  // An interrupt of the terminal reaches every worker too: each finishes its file, so that no
+  // temporary file is left behind, and then sees its command pipe closed by the parent.
+  std::signal(SIGINT, SIG_IGN);
+  std::signal(SIGTERM, SIG_IGN);
   for (uint64_t index; ReadAll(command, &index, sizeof index) == 1 && index < items.size();) {
     BatchResult r;
     try {
@@ -215,7 +224,7 @@ bool StartWorker(std::vector<Worker>& workers, const std::vector<BatchItem>& ite
 
 // Gives the worker the next item, or closes its command pipe when there is none, so that it exits.
 void Feed(Worker& w, size_t& next, size_t count) {
-  if (next < count && w.command >= 0) {
+  if (next < count && w.command >= 0 && !g_interrupted) {
     const uint64_t index = next;
     if (WriteAll(w.command, &index, sizeof index)) {
       w.current = static_cast<long>(next++);
@@ -236,9 +245,14 @@ std::string HowItEnded(int status) {
 void RunInWorkers(const std::vector<BatchItem>& items, int jobs, const std::function<BatchResult(const BatchItem&)>& work,
                   const std::function<void(size_t index, BatchResult&& result)>& done) {
   // A worker that died must not end this process when it is handed its next file.
-  struct sigaction ignore {}, previous {};
+  struct sigaction ignore {}, previous {}, interrupt {}, previousInt {}, previousTerm {};
   ignore.sa_handler = SIG_IGN;
   ::sigaction(SIGPIPE, &ignore, &previous);
+  // Without SA_RESTART, so that the wait for results wakes up and stops handing out files.
+  interrupt.sa_handler = Interrupt;
+  g_interrupted = 0;
+  ::sigaction(SIGINT, &interrupt, &previousInt);
+  ::sigaction(SIGTERM, &interrupt, &previousTerm);
   auto failed = [&items](size_t index, std::string reason) {
     BatchResult r;
     r.input = items[index].input;
@@ -253,7 +267,7 @@ void RunInWorkers(const std::vector<BatchItem>& items, int jobs, const std::func
   while (workers.size() < wanted && StartWorker(workers, items, work)) Feed(workers.back(), next, items.size());
   // With no worker at all, this process does the work itself.
   if (workers.empty())
-    for (; next < items.size(); ++next) done(next, work(items[next]));
+    for (; next < items.size() && !g_interrupted; ++next) done(next, work(items[next]));
 
   std::vector<pollfd> fds;
   while (!workers.empty()) {
@@ -297,13 +311,21 @@ void RunInWorkers(const std::vector<BatchItem>& items, int jobs, const std::func
       if (current >= 0) {
         done(static_cast<size_t>(current), failed(static_cast<size_t>(current),
                                                   "the upgrade ended abnormally (" + HowItEnded(status) + ")"));
-        if (next < items.size() && StartWorker(workers, items, work)) Feed(workers.back(), next, items.size());
+        if (next < items.size() && !g_interrupted && StartWorker(workers, items, work))
+          Feed(workers.back(), next, items.size());
       }
       break;  // fds no longer matches workers
     }
+    // Workers waiting for a file after an interrupt are told there is none.
+    if (g_interrupted)
+      for (Worker& w : workers)
+        if (w.current < 0) Feed(w, next, items.size());
   }
   // Whatever no worker could be started for is still done, here.
-  for (; next < items.size(); ++next) done(next, work(items[next]));
+  for (; next < items.size() && !g_interrupted; ++next) done(next, work(items[next]));
+  for (; next < items.size(); ++next) done(next, failed(next, kBatchInterrupted));
+  ::sigaction(SIGTERM, &previousTerm, nullptr);
+  ::sigaction(SIGINT, &previousInt, nullptr);
   ::sigaction(SIGPIPE, &previous, nullptr);
 }
 

@@ -29,6 +29,9 @@ std::string OutputPathOf(const std::string& file, const std::string& directory);
 std::vector<BatchItem> CollectBatch(const std::vector<std::string>& paths, const std::string& directory);
 
 /// What became of one file of a batch.
+/// The reason of the files that an interrupt of the run (SIGINT, SIGTERM) left unstarted.
+inline constexpr const char* kBatchInterrupted = "not upgraded: the run was interrupted";
+
 struct BatchResult {
   std::string input;
   std::string output;

@@ -227,14 +227,16 @@ int RunBatch(const UpgradeOptions& o) {
   std::FILE* text = o.json == "-" ? stderr : stdout;
   std::vector<qelstd::BatchResult> results(items.size());
   qelstd::BatchProgress progress(items.size(), stderr, ::isatty(STDERR_FILENO) == 1);
-  size_t failed = 0;
+  size_t failed = 0, unstarted = 0;
   qelstd::RunInWorkers(
       items, jobs, [&o](const qelstd::BatchItem& item) { return UpgradeOne(item, o); },
       [&](size_t index, qelstd::BatchResult&& r) {
         progress.Add(r);
         if (r.Failed()) {
           ++failed;
-          progress.Note("qelstd: " + r.input + ": " + r.reason);
+          // One line for them all below, not one per file left.
+          if (r.reason == qelstd::kBatchInterrupted) ++unstarted;
+          else progress.Note("qelstd: " + r.input + ": " + r.reason);
         } else if (o.dryRun) {
           qelstd::Printf(text, "%s: parent %s, level %d, %d stage%s to run\n", r.input.c_str(), r.parent.c_str(),
                          r.startLevel, r.stagesRun, r.stagesRun == 1 ? "" : "s");
@@ -242,6 +244,7 @@ int RunBatch(const UpgradeOptions& o) {
         results[index] = std::move(r);
       });
   progress.Finish();
+  if (unstarted) qelstd::Error("upgrade", "interrupted: " + std::to_string(unstarted) + " files not started");
   progress.PrintSummary(text);
   const bool reported = o.json.empty() || WriteJsonReport(o.json, results);
   return failed == 0 && reported ? qelstd::kDone : qelstd::kNotFound;
