@@ -34,7 +34,8 @@ run: build
 	./tools/run-main-job.sh $(BUILD)/tools/qelstd
 
 test: build
-	$(MAKE) deps EXTRA_PACKAGES="$(TEST_PACKAGES)"
+	@# Without the browser (no package source at hand) its tests skip and say so; the rest still runs.
+	$(MAKE) deps EXTRA_PACKAGES="$(TEST_PACKAGES)" || echo "make: $(TEST_PACKAGES) could not be installed; its tests will skip"
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 
 bench: deps
