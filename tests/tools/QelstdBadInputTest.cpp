@@ -61,6 +61,10 @@ TEST(QelstdOutput, EveryVerbTellsAFailedWriteToStandardOutputAndExitsOne) {
     EXPECT_NE(run.out.find("qelstd: standard output: No space left on device\n"), std::string::npos)
         << verb << ": " << run.out;
   }
+  // Differences that cannot be printed are trouble (2), not "different" (1).
+  const QelstdRun diff = RunQelstd("diff " + standard + " ISO 2>&1 >/dev/full", env);
+  EXPECT_EQ(diff.status, 2) << diff.out;
+  EXPECT_NE(diff.out.find("qelstd: standard output: No space left on device\n"), std::string::npos) << diff.out;
   // Standard output closed altogether.
   QelstdRun run = RunQelstd("builtin JIS 2>&1 >&-");
   EXPECT_EQ(run.status, 1);

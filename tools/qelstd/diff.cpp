@@ -192,6 +192,8 @@ void SetupDiff(CLI::App& app, int* status) {
   verb->callback([o, status] {
     try {
       *status = RunDiff(*o);
+      // Differences that could not be printed are no answer: trouble, not "different".
+      if (qelstd::FinishOutput(stdout) != 0) *status = kTrouble;
     } catch (const std::bad_alloc&) {
       qelstd::Error(qelstd::Subject(), "out of memory");
       *status = kTrouble;

@@ -61,9 +61,10 @@ int main(int argc, char** argv) {
     status = qelstd::kNotFound;
   }
   // Help goes through std::cout, which writes into standard output's buffer: one flush covers both.
+  // A verb that failed already keeps its own status (diff's 1 means "different", not this).
   if (const int error = qelstd::FinishOutput(stdout)) {
     qelstd::Error("standard output", std::strerror(error));
-    status = qelstd::kNotFound;
+    if (status == qelstd::kDone) status = qelstd::kNotFound;
   }
   return status;
 }
